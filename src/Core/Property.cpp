@@ -1,0 +1,263 @@
+#include "Core/Property.h"
+
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace Tervan::Core {
+
+const std::string Property::SEPARATOR = "/";
+
+Property::Property() = default;
+
+Property::Property(const std::string& name) : m_name(name) {}
+
+Property::Property(const std::string& name, bool value) : m_name(name), m_value(value) {}
+
+Property::Property(const std::string& name, double value) : m_name(name), m_value(value) {}
+
+Property::Property(const std::string& name, long long value) : m_name(name), m_value(value) {}
+
+Property::Property(const std::string& name, const std::string& value) : m_name(name), m_value(value) {}
+
+Property::Property(const std::string& name, const char* value) : m_name(name), m_value(std::string(value)) {}
+
+Property::Property(const std::string& name, const Ratio& value) : m_name(name), m_value(value) {}
+
+Property& Property::AssignValue(Value value) {
+    m_children.clear();
+    m_value = std::move(value);
+    return *this;
+}
+
+Property& Property::operator=(bool value) { return AssignValue(value); }
+Property& Property::operator=(int value) { return AssignValue(static_cast<long long>(value)); }
+Property& Property::operator=(long value) { return AssignValue(static_cast<long long>(value)); }
+Property& Property::operator=(long long value) { return AssignValue(value); }
+Property& Property::operator=(double value) { return AssignValue(value); }
+Property& Property::operator=(const std::string& value) { return AssignValue(value); }
+Property& Property::operator=(const char* value) { return AssignValue(std::string(value)); }
+Property& Property::operator=(const Ratio& value) { return AssignValue(value); }
+
+PropertyTypes Property::GetType() const {
+    static constexpr std::array<PropertyTypes, 6> byIndex = {TYPE_CONTAINER, TYPE_BOOL,   TYPE_DOUBLE,
+                                                             TYPE_INT64,     TYPE_STRING, TYPE_RATIONAL};
+    return byIndex[m_value.index()];
+}
+
+MethodIsNotApplicable Property::NotApplicable(const char* method) const {
+    MethodIsNotApplicable e;
+    e << PropertyException::TagMethodName(method) << PropertyException::TagPropertyName(m_name)
+      << PropertyException::TagPropertyType(GetType());
+    AddStack(e);
+    return e;
+}
+
+void Property::ThrowWrongType(const char* method) const {
+    BOOST_THROW_EXCEPTION(PropertyException()
+                          << PropertyException::TagMethodName(method) << PropertyException::TagPropertyName(m_name)
+                          << PropertyException::TagPropertyType(GetType())
+                          << Exception::TagDescription("Property '" + m_name + "' does not hold a value of the type " +
+                                                       method + " reads"));
+}
+
+bool Property::GetBool() const {
+    if (const bool* v = std::get_if<bool>(&m_value)) {
+        return *v;
+    }
+    ThrowWrongType("GetBool");
+}
+
+long long Property::GetInt64() const {
+    if (const long long* v = std::get_if<long long>(&m_value)) {
+        return *v;
+    }
+    if (const double* v = std::get_if<double>(&m_value)) {
+        return static_cast<long long>(*v);
+    }
+    if (const Ratio* v = std::get_if<Ratio>(&m_value)) {
+        return boost::rational_cast<long long>(*v);
+    }
+    ThrowWrongType("GetInt64");
+}
+
+double Property::GetDouble() const {
+    if (const double* v = std::get_if<double>(&m_value)) {
+        return *v;
+    }
+    if (const long long* v = std::get_if<long long>(&m_value)) {
+        return static_cast<double>(*v);
+    }
+    if (const Ratio* v = std::get_if<Ratio>(&m_value)) {
+        return boost::rational_cast<double>(*v);
+    }
+    ThrowWrongType("GetDouble");
+}
+
+const std::string& Property::GetString() const {
+    if (const std::string* v = std::get_if<std::string>(&m_value)) {
+        return *v;
+    }
+    ThrowWrongType("GetString");
+}
+
+Property::Ratio Property::GetRatio() const {
+    if (const Ratio* v = std::get_if<Ratio>(&m_value)) {
+        return *v;
+    }
+    if (const long long* v = std::get_if<long long>(&m_value)) {
+        return Ratio(*v);
+    }
+    ThrowWrongType("GetRatio");
+}
+
+Property& Property::SetChild(const std::string& name) { return SetChild(name, Property(name)); }
+
+Property& Property::SetChild(const std::string& name, const Property& value) {
+    if (GetType() != TYPE_CONTAINER) {
+        BOOST_THROW_EXCEPTION(NotApplicable("SetChild"));
+    }
+    Property* child = FindChild(name);
+    if (child == nullptr) {
+        child = &m_children.emplace_back();
+    }
+    // Assign through a copy: value may be a descendant of the child being replaced.
+    Property copy(value);
+    copy.m_name = name;
+    *child = std::move(copy);
+    return *child;
+}
+
+Property* Property::FindChild(const std::string& name) {
+    auto it = std::find_if(m_children.begin(), m_children.end(),
+                           [&name](const Property& child) { return child.m_name == name; });
+    return it == m_children.end() ? nullptr : &*it;
+}
+
+const Property* Property::FindChild(const std::string& name) const {
+    return const_cast<Property*>(this)->FindChild(name);
+}
+
+const Property* Property::FindChildByPath(const std::string& path) const {
+    const Property* node = this;
+    std::string::size_type start = 0;
+    while (node != nullptr) {
+        const std::string::size_type end = path.find(SEPARATOR, start);
+        if (end == std::string::npos) {
+            return node->FindChild(path.substr(start));
+        }
+        node = node->FindChild(path.substr(start, end - start));
+        start = end + SEPARATOR.size();
+    }
+    return nullptr;
+}
+
+const Property& Property::ChildByPath(const std::string& path) const {
+    if (const Property* node = FindChildByPath(path)) {
+        return *node;
+    }
+    BOOST_THROW_EXCEPTION(AddStack(PropertyException()
+                                   << PropertyException::TagMethodName("ChildByPath")
+                                   << PropertyException::TagPropertyName(path)
+                                   << PropertyException::TagPropertyType(GetType())
+                                   << Exception::TagDescription("No property at path '" + path + "'")));
+}
+
+Property& Property::ChildByPath(const std::string& path) {
+    return const_cast<Property&>(static_cast<const Property*>(this)->ChildByPath(path));
+}
+
+bool Property::ChildExists(const std::string& name) const { return FindChild(name) != nullptr; }
+
+void Property::RemoveChild(const std::string& name) {
+    auto it = std::find_if(m_children.begin(), m_children.end(),
+                           [&name](const Property& child) { return child.m_name == name; });
+    if (it != m_children.end()) {
+        m_children.erase(it);
+    }
+}
+
+void Property::RemoveAll() { m_children.clear(); }
+
+Property& Property::operator[](const std::string& name) {
+    if (Property* child = FindChild(name)) {
+        return *child;
+    }
+    return SetChild(name);
+}
+
+const Property& Property::operator[](const std::string& name) const {
+    if (const Property* child = FindChild(name)) {
+        return *child;
+    }
+    BOOST_THROW_EXCEPTION(AddStack(PropertyException()
+                                   << PropertyException::TagMethodName("operator[]")
+                                   << PropertyException::TagPropertyName(name)
+                                   << PropertyException::TagPropertyType(GetType())
+                                   << Exception::TagDescription("No child '" + name + "' in '" + m_name + "'")));
+}
+
+const Property& Property::operator[](unsigned long index) const {
+    if (index < m_children.size()) {
+        return m_children[index];
+    }
+    BOOST_THROW_EXCEPTION(AddStack(PropertyException()
+                                   << PropertyException::TagMethodName("operator[]")
+                                   << PropertyException::TagPropertyName(m_name)
+                                   << PropertyException::TagPropertyType(GetType())
+                                   << Exception::TagDescription("Child index " + std::to_string(index) +
+                                                                " out of range in '" + m_name + "'")));
+}
+
+Property& Property::operator[](unsigned long index) {
+    return const_cast<Property&>(static_cast<const Property&>(*this)[index]);
+}
+
+void Property::CopyDataFrom(const Property& other) {
+    if (&other == this) {
+        return;
+    }
+    // Copy first: other may be one of our own descendants.
+    Value value = other.m_value;
+    Children children = other.m_children;
+    m_value = std::move(value);
+    m_children = std::move(children);
+}
+
+bool Property::operator==(const Property& other) const {
+    if (m_value != other.m_value || m_children.size() != other.m_children.size()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < m_children.size(); ++i) {
+        if (m_children[i].m_name != other.m_children[i].m_name || m_children[i] != other.m_children[i]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string PropertyValueToString(const Property& property) {
+    switch (property.GetType()) {
+    case TYPE_BOOL:
+        return property.GetBool() ? "true" : "false";
+    case TYPE_DOUBLE: {
+        std::array<char, 32> buffer{};
+        auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), property.GetDouble());
+        return std::string(buffer.data(), result.ptr);
+    }
+    case TYPE_INT64:
+        return std::to_string(property.GetInt64());
+    case TYPE_STRING:
+        return property.GetString();
+    case TYPE_RATIONAL: {
+        const Property::Ratio r = property.GetRatio();
+        return std::to_string(r.numerator()) + "/" + std::to_string(r.denominator());
+    }
+    case TYPE_CONTAINER:
+        break;
+    }
+    return "{" + std::to_string(property.Count()) + " children}";
+}
+
+}  // namespace Tervan::Core

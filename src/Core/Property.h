@@ -1,0 +1,135 @@
+#pragma once
+
+#include "Core/Api.h"
+#include "Core/Exception.h"
+#include "Core/PropertyTypes.h"
+
+#include <boost/rational.hpp>
+
+#include <string>
+#include <type_traits>
+#include <variant>
+#include <vector>
+
+namespace Tervan::Core {
+
+// A named node of a settings tree: either a typed value or an ordered list of
+// named children (a container). Copies are deep.
+class TERVAN_API Property {
+public:
+    using Ratio = boost::rational<long long>;
+    using Children = std::vector<Property>;
+
+    // Joins child names into a path for ChildByPath.
+    static const std::string SEPARATOR;
+
+    Property();
+    explicit Property(const std::string& name);
+    Property(const std::string& name, bool value);
+    Property(const std::string& name, double value);
+    Property(const std::string& name, long long value);
+    Property(const std::string& name, const std::string& value);
+    Property(const std::string& name, const char* value);
+    Property(const std::string& name, const Ratio& value);
+    // Every other integer type is stored as a 64-bit integer.
+    template <class T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, bool> &&
+                                            !std::is_same_v<T, long long>,
+                                        int> = 0>
+    Property(const std::string& name, T value) : Property(name, static_cast<long long>(value)) {}
+
+    Property(const Property&) = default;
+    Property(Property&&) noexcept = default;
+    Property& operator=(const Property&) = default;
+    Property& operator=(Property&&) noexcept = default;
+    ~Property() = default;
+
+    // Replace the value (and type); a container loses its children.
+    Property& operator=(bool value);
+    Property& operator=(int value);
+    Property& operator=(long value);
+    Property& operator=(long long value);
+    Property& operator=(double value);
+    Property& operator=(const std::string& value);
+    Property& operator=(const char* value);
+    Property& operator=(const Ratio& value);
+
+    const std::string& GetName() const { return m_name; }
+    void SetName(const std::string& name) { m_name = name; }
+    PropertyTypes GetType() const;
+
+    // Readers throw PropertyException when the node has another type, except that
+    // the numeric readers convert between integer, double and rational.
+    bool GetBool() const;
+    long long GetInt64() const;  // a double is truncated toward zero
+    double GetDouble() const;
+    const std::string& GetString() const;
+    Ratio GetRatio() const;
+
+    Property& SetChild(const std::string& name);
+    Property& SetChild(const std::string& name, const Property& value);
+    Property* FindChild(const std::string& name);
+    const Property* FindChild(const std::string& name) const;
+    // Throws PropertyException naming the path when an element is missing.
+    const Property& ChildByPath(const std::string& path) const;
+    Property& ChildByPath(const std::string& path);
+    // Null instead of an exception when an element is missing.
+    const Property* FindChildByPath(const std::string& path) const;
+    bool ChildExists(const std::string& name) const;
+    void RemoveChild(const std::string& name);
+    void RemoveAll();
+    unsigned long Count() const { return static_cast<unsigned long>(m_children.size()); }
+
+    // The non-const form creates an empty container child when there is none.
+    Property& operator[](const std::string& name);
+    const Property& operator[](const std::string& name) const;
+    const Property& operator[](unsigned long index) const;
+    Property& operator[](unsigned long index);
+
+    Children::const_iterator begin() const { return m_children.begin(); }
+    Children::const_iterator end() const { return m_children.end(); }
+
+    // Take the other node's type, value and children; keep this node's name.
+    void CopyDataFrom(const Property& other);
+
+    // Compares types, values and (for containers) children with their names;
+    // never the names of the two nodes themselves.
+    bool operator==(const Property& other) const;
+    bool operator!=(const Property& other) const { return !(*this == other); }
+
+    template <class T>
+    Property& CreateChildT(const std::string& name, const T& value) {
+        if (GetType() != TYPE_CONTAINER) {
+            BOOST_THROW_EXCEPTION(NotApplicable("CreateChildT"));
+        }
+        m_children.emplace_back(name, value);
+        return m_children.back();
+    }
+
+    template <class T>
+    Property& SetChildT(const std::string& name, const T& value) {
+        if (GetType() != TYPE_CONTAINER) {
+            BOOST_THROW_EXCEPTION(NotApplicable("SetChildT"));
+        }
+        if (Property* child = FindChild(name)) {
+            *child = value;
+            return *child;
+        }
+        return CreateChildT(name, value);
+    }
+
+private:
+    using Value = std::variant<std::monostate, bool, double, long long, std::string, Ratio>;
+
+    MethodIsNotApplicable NotApplicable(const char* method) const;
+    [[noreturn]] void ThrowWrongType(const char* method) const;
+    Property& AssignValue(Value value);
+
+    std::string m_name;
+    Value m_value;
+    Children m_children;
+};
+
+// The value as display text: "true"/"false", shortest round-trip numbers, "n/d" for rationals.
+TERVAN_API std::string PropertyValueToString(const Property& property);
+
+}  // namespace Tervan::Core

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Core/Api.h"
+
+#include <string>
+
+namespace Tervan::Proc {
+
+class TERVAN_API IFilterFrameRate {
+public:
+    static const std::string CLASS_ID;
+};
+
+}  // namespace Tervan::Proc
