@@ -1,0 +1,73 @@
+#pragma once
+
+#include "Conf/DataHelpers/PairList.h"
+#include "Conf/Interfaces/IDataHelper.h"
+#include "Conf/SampleFormats.h"
+#include "Core/Property.h"
+#include "Core/PropertyTypes.h"
+
+#include <boost/intrusive_ptr.hpp>
+#include <boost/rational.hpp>
+
+#include <string>
+#include <vector>
+
+namespace Tervan::Conf {
+
+// The base of every audio and video codec helper: asks libavcodec once, at
+// construction, what the codec's encoder accepts, and derives from it the codec's
+// rules on the resample or frame-rate filter, its frame-rate constraint, preset
+// translation and correction. Subclasses add their defaults, constraints and rules.
+class TERVAN_API DataHelperCodecFFMPEG : public RefCounted<IDataHelper> {
+public:
+    // Created while the library loads and shared by every video helper.
+    static const boost::intrusive_ptr<const IPropertyConstraint> s_defaultVideoBitrateConstraint;
+    static const boost::intrusive_ptr<const IPropertyConstraint> s_defaultQualityConstraint;
+
+    const std::string& GetCodecID() const { return m_codecId; }
+    const std::string& GetEncoderName() const { return m_encoderName; }
+    MediaType GetMediaType() const { return m_mediaType; }
+    // The name of the codec's node in a whole settings tree.
+    const std::string& GetPresetKey() const { return m_presetKey; }
+    const std::vector<SampleFormats>& GetSampleFormats() const { return m_sampleFormats; }
+    const PairList<long long>& GetSampleRates() const { return m_sampleRates; }
+    const PairList<std::string>& GetChannelLayouts() const { return m_channelLayouts; }
+    const PairList<boost::rational<long long>>& GetFrameRates() const { return m_frameRates; }
+
+    Core::Property GetDefaults() const override;
+    void GetRequiredObjects(RequiredObjects& out) const override;
+    void GetValidationRules(ValidationRules& out) const override;
+    void GetConstraints(Constraints& out) const override;
+    void ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const override;
+    void CorrectFormatCodec(Core::Property& settings) const override;
+
+protected:
+    DataHelperCodecFFMPEG(const std::string& codecId, MediaType type);
+    ~DataHelperCodecFFMPEG() override;
+
+    void load();
+    void CorrectAudioResamplerSettings(Core::Property& settings) const;
+    void CorrectBitrate(Core::Property& settings) const;
+
+    // A rule that bites only while this codec is selected: (GetPresetKey()/codec id
+    // in {codec id}) implies (secondPath in constraint).
+    boost::intrusive_ptr<IValidationRule> CodecRule(
+        const std::string& secondPath, const boost::intrusive_ptr<const IPropertyConstraint>& constraint) const;
+    // Appends CodecRule(secondPath, constraint) under the name Core::Property::SEPARATOR.
+    void AddCodecRule(ValidationRules& out, const std::string& secondPath,
+                      const boost::intrusive_ptr<const IPropertyConstraint>& constraint) const;
+    // Proc::IFilterResample::CLASS_ID / Proc::IResample::CLASS_ID / tag
+    static std::string ResamplerPath(const std::string& tag);
+
+private:
+    std::string m_codecId;
+    std::string m_encoderName;
+    MediaType m_mediaType;
+    std::string m_presetKey;
+    std::vector<SampleFormats> m_sampleFormats;
+    PairList<long long> m_sampleRates;
+    PairList<std::string> m_channelLayouts;
+    PairList<boost::rational<long long>> m_frameRates;
+};
+
+}  // namespace Tervan::Conf
