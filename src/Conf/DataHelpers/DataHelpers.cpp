@@ -1,6 +1,20 @@
 #include "Conf/DataHelpers/DataHelpers.h"
 
 #include "Conf/ConfException.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecFlv1.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecH263.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecImageBase.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecMjpeg.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecMpeg1.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecMpeg2.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecMpeg4.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecProres.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecRLE.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecTheora.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecVP8.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecVP9.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecWmv2.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecX264.h"
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IFormatFile.h"
@@ -48,8 +62,40 @@ IDataHelper::DataHelperMap BuildAudioCodecHelpers() {
     });
 }
 
+// H.265 and WMV3 have helpers but are deliberately not offered.
 IDataHelper::DataHelperMap BuildVideoCodecHelpers() {
     return FillTable({
+        {IFormatCodecVideo::CODEC_ID_H264, DataHelperVideoCodecX264::Create()},
+        {IFormatCodecVideo::CODEC_ID_MPEG4, DataHelperVideoCodecMpeg4::Create()},
+        {IFormatCodecVideo::CODEC_ID_MPEG1VIDEO, DataHelperVideoCodecMpeg1::Create()},
+        {IFormatCodecVideo::CODEC_ID_MPEG2VIDEO, DataHelperVideoCodecMpeg2::Create()},
+        {IFormatCodecVideo::CODEC_ID_THEORA, DataHelperVideoCodecTheora::Create()},
+        {IFormatCodecVideo::CODEC_ID_VP8, DataHelperVideoCodecVP8::Create()},
+        {IFormatCodecVideo::CODEC_ID_H263, DataHelperVideoCodecH263::Create()},
+        {IFormatCodecVideo::CODEC_ID_PRORES, DataHelperVideoCodecProres::Create()},
+        {IFormatCodecVideo::CODEC_ID_QTRLE, DataHelperVideoCodecRLE::Create()},
+        {IFormatCodecVideo::CODEC_ID_WMV2, DataHelperVideoCodecWmv2::Create()},
+        {IFormatCodecVideo::CODEC_ID_FLV1, DataHelperVideoCodecFlv1::Create()},
+        {IFormatCodecVideo::CODEC_ID_MJPEG, DataHelperVideoCodecMjpeg::Create()},
+        {IFormatCodecVideo::CODEC_ID_BMP, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_BMP)},
+        {IFormatCodecVideo::CODEC_ID_GIF, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_GIF)},
+        {IFormatCodecVideo::CODEC_ID_PNG, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PNG)},
+        {IFormatCodecVideo::CODEC_ID_TIFF, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_TIFF)},
+        {IFormatCodecVideo::CODEC_ID_DPX, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_DPX)},
+        {IFormatCodecVideo::CODEC_ID_JPEG2000,
+         DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_JPEG2000)},
+        {IFormatCodecVideo::CODEC_ID_PBM, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PBM)},
+        {IFormatCodecVideo::CODEC_ID_PCX, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PCX)},
+        {IFormatCodecVideo::CODEC_ID_PGM, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PGM)},
+        {IFormatCodecVideo::CODEC_ID_PPM, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PPM)},
+        {IFormatCodecVideo::CODEC_ID_TARGA, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_TARGA)},
+        {IFormatCodecVideo::CODEC_ID_XBM, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_XBM)},
+        {IFormatCodecVideo::CODEC_ID_JPEGLS, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_JPEGLS)},
+        {IFormatCodecVideo::CODEC_ID_PAM, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PAM)},
+        {IFormatCodecVideo::CODEC_ID_PGMYUV, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PGMYUV)},
+        {IFormatCodecVideo::CODEC_ID_SGI, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_SGI)},
+        {IFormatCodecVideo::CODEC_ID_XWD, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_XWD)},
+        {IFormatCodecVideo::CODEC_ID_VP9, DataHelperVideoCodecVP9::Create()},
     });
 }
 
