@@ -93,31 +93,6 @@ TEST(FilterHelpers, RegisteredDefaultsSatisfyTheirOwnConstraints) {
     }
 }
 
-TEST(FilterHelpers, OperationsAFilterLacksLeaveTheirOutputAlone) {
-    for (const std::string& classId : kFilters) {
-        SCOPED_TRACE(classId);
-        const DataHelperPtr helper = Filter(classId);
-        IDataHelper::RequiredObjects required{{"kept", ""}};
-        helper->GetRequiredObjects(required);
-        EXPECT_EQ(required.size(), 1u);
-        const Property defaults = helper->GetDefaults();
-        Property corrected = defaults;
-        helper->CorrectFormatCodec(corrected);
-        EXPECT_EQ(corrected, defaults);
-    }
-    for (const std::string& classId : {Proc::IFilterAudioVolume::CLASS_ID, Proc::IFilterAudioFormatter::CLASS_ID,
-                                       Proc::IFilterVideoPreview::CLASS_ID}) {
-        SCOPED_TRACE(classId);
-        const DataHelperPtr helper = Filter(classId);
-        Property out = AudioCodec();
-        helper->ApplyPresetSettings(helper->GetDefaults(), out);
-        EXPECT_EQ(out, AudioCodec());
-        IDataHelper::ValidationRules rules;
-        helper->GetValidationRules(rules);
-        EXPECT_TRUE(rules.empty());
-    }
-}
-
 TEST(DataHelperAudioResample, PresetRulesLeaveAutomaticValuesAlone) {
     struct Case {
         const char* what;
@@ -256,7 +231,7 @@ TEST(DataHelperVideoResize, DefaultPresetFillsAnAutoBox) {
     const Property defaults = helper->GetDefaults();
     EXPECT_EQ(defaults.ChildByPath(Resizer(Proc::IResize::MODE)).GetString(), Proc::IResize::MODE_AUTO);
     EXPECT_EQ(defaults.ChildByPath(Resizer(Proc::IResize::METHOD)).GetString(), Proc::IResize::METHOD_BILINEAR);
-    // 16:9 stretched over 800x600 needs pixels of 4:3.
+    // 16:9 filling 800x600 without bars needs pixels of 4:3.
     Property out = VideoCodec(1280, 720, Ratio(25));
     helper->ApplyPresetSettings(defaults, out);
     EXPECT_EQ(out, [] {
