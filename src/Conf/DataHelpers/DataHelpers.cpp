@@ -1,6 +1,10 @@
 #include "Conf/DataHelpers/DataHelpers.h"
 
 #include "Conf/ConfException.h"
+#include "Conf/DataHelpers/DataHelperAudioFormatter.h"
+#include "Conf/DataHelpers/DataHelperAudioResample.h"
+#include "Conf/DataHelpers/DataHelperAudioVolume.h"
+#include "Conf/DataHelpers/DataHelperDeinterlace.h"
 #include "Conf/DataHelpers/DataHelperFormat3gp.h"
 #include "Conf/DataHelpers/DataHelperFormatAAC.h"
 #include "Conf/DataHelpers/DataHelperFormatAvi.h"
@@ -39,6 +43,9 @@
 #include "Conf/DataHelpers/DataHelperVideoCodecVP9.h"
 #include "Conf/DataHelpers/DataHelperVideoCodecWmv2.h"
 #include "Conf/DataHelpers/DataHelperVideoCodecX264.h"
+#include "Conf/DataHelpers/DataHelperVideoPreview.h"
+#include "Conf/DataHelpers/DataHelperVideoResample.h"
+#include "Conf/DataHelpers/DataHelperVideoResize.h"
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IFormatFile.h"
@@ -188,6 +195,13 @@ IDataHelper::DataHelperMap BuildVideoCodecHelpers() {
 
 IDataHelper::DataHelperMap BuildFilterHelpers() {
     return FillTable({
+        {Proc::IFilterResample::CLASS_ID, DataHelperAudioResample::Create()},
+        {Proc::IFilterAudioVolume::CLASS_ID, DataHelperAudioVolume::Create()},
+        {Proc::IFilterAudioFormatter::CLASS_ID, DataHelperAudioFormatter::Create()},
+        {Proc::IFilterFrameRate::CLASS_ID, DataHelperVideoResample::Create()},
+        {Proc::IFilterResize::CLASS_ID, DataHelperVideoResize::Create()},
+        {Proc::IFilterDeinterlace::CLASS_ID, DataHelperDeinterlace::Create()},
+        {Proc::IFilterVideoPreview::CLASS_ID, DataHelperVideoPreview::Create()},
     });
 }
 
