@@ -30,9 +30,13 @@ bool PairValidationRule::IsValid(const Core::Property& settings) const noexcept 
     return m_secondConstraint->IsValid(settings.ChildByPath(m_secondPath));
 }
 
-std::string PairValidationRule::GetFirstPath() const { return m_firstPath; }
+std::string PairValidationRule::GetFirstPath() const {
+    return m_firstPath;
+}
 
-std::string PairValidationRule::GetSecondPath() const { return m_secondPath; }
+std::string PairValidationRule::GetSecondPath() const {
+    return m_secondPath;
+}
 
 boost::intrusive_ptr<const IPropertyConstraint> PairValidationRule::GetFirstConstraint() const {
     return m_firstConstraint;

@@ -43,12 +43,12 @@ ValidationRuleCheck ValidationRuleCheck::Evaluate(const IValidationRule& rule, c
         }
         std::string detail;
         switch (Judge(*firstConstraint, *first, detail)) {
-        case Judgement::UNSATISFIED:
-            return Make(HOLDS, firstPath, {});
-        case Judgement::WRONG_TYPE:
-            return Make(WRONG_TYPE, firstPath, detail);
-        case Judgement::SATISFIED:
-            break;
+            case Judgement::UNSATISFIED:
+                return Make(HOLDS, firstPath, {});
+            case Judgement::WRONG_TYPE:
+                return Make(WRONG_TYPE, firstPath, detail);
+            case Judgement::SATISFIED:
+                break;
         }
     }
     const std::string secondPath = rule.GetSecondPath();
@@ -62,17 +62,17 @@ ValidationRuleCheck ValidationRuleCheck::Evaluate(const IValidationRule& rule, c
     }
     std::string detail;
     switch (Judge(*secondConstraint, *second, detail)) {
-    case Judgement::SATISFIED:
-        return Make(HOLDS, secondPath, {});
-    case Judgement::WRONG_TYPE:
-        return Make(WRONG_TYPE, secondPath, detail);
-    case Judgement::UNSATISFIED:
-        break;
+        case Judgement::SATISFIED:
+            return Make(HOLDS, secondPath, {});
+        case Judgement::WRONG_TYPE:
+            return Make(WRONG_TYPE, secondPath, detail);
+        case Judgement::UNSATISFIED:
+            break;
     }
     return Make(BROKEN, secondPath,
-                   firstPath.empty() ? secondPath + " is not admitted"
-                                     : secondPath + " is not admitted when " + firstPath + " is " +
-                                           Core::PropertyValueToString(settings.ChildByPath(firstPath)));
+                firstPath.empty() ? secondPath + " is not admitted"
+                                  : secondPath + " is not admitted when " + firstPath + " is " +
+                                        Core::PropertyValueToString(settings.ChildByPath(firstPath)));
 }
 
 }  // namespace Tervan::Conf
