@@ -95,7 +95,9 @@ TEST(FakeConstraintConsumer, IntegerRangeMiddleSnapsToTheGridFromTheMinimum) {
         long long lo, hi, step, middle;
     };
     for (const Case& c :
-         {Case{0, 10, 3, 3}, Case{1, 10, 4, 5}, Case{0, 10, 0, 5}, Case{32, 4096, 2, 2064}, Case{-7, 0, 0, -3}}) {
+         {Case{0, 10, 3, 3}, Case{1, 10, 4, 5}, Case{0, 10, 0, 5}, Case{32, 4096, 2, 2064}, Case{-7, 0, 0, -3},
+          // Truncating remainders: -7 % 3 is -1, so the grid is ..., -7, -4, -1.
+          Case{-7, 0, 3, -4}}) {
         SCOPED_TRACE(c.lo);
         auto consumer = FakeConstraintConsumer::Create();
         ConstraintRange::Create(c.lo, c.hi, c.step)->FillValueList(consumer);

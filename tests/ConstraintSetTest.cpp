@@ -1,6 +1,9 @@
 #include "Conf/ConfException.h"
+#include "Conf/DataHelpers/ConstraintChannelLayout.h"
 #include "Conf/DataHelpers/ConstraintCodecs.h"
+#include "Conf/DataHelpers/ConstraintSampleFormat.h"
 #include "Conf/DataHelpers/ConstraintSet.h"
+#include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "RecordingConsumer.h"
 
 #include <gtest/gtest.h>
@@ -39,12 +42,26 @@ TEST(ConstraintSet, FixupSnapsToNearestWithTiesToTheEarlierEntry) {
     }
 }
 
-TEST(ConstraintSet, IntegerDistancesDoNotOverflow) {
-    // A wrapping signed difference would put LLONG_MIN one step from LLONG_MAX.
-    const auto set = ConstraintSet::Create(PairList<long long>{{"min", LLONG_MIN}, {"zero", 0}});
-    Property value("v", LLONG_MAX);
-    EXPECT_TRUE(set->Fixup(value));
-    EXPECT_EQ(value.GetInt64(), 0);
+TEST(ConstraintSet, IntegerDistancesAreExactIn64Bits) {
+    struct Case {
+        const char* name;
+        PairList<long long> entries;
+        long long in;
+        long long out;
+    };
+    const long long big = 1LL << 53;
+    const Case cases[] = {
+        // A wrapping signed difference would put LLONG_MIN one step from LLONG_MAX.
+        {"no overflow", {{"min", LLONG_MIN}, {"zero", 0}}, LLONG_MAX, 0},
+        // In doubles big + 3 rounds to big + 4 and both entries would be 2 away.
+        {"no rounding", {{"a", big}, {"b", big + 3}}, big + 2, big + 3},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Property value("v", c.in);
+        EXPECT_TRUE(ConstraintSet::Create(c.entries)->Fixup(value));
+        EXPECT_EQ(value.GetInt64(), c.out);
+    }
 }
 
 TEST(ConstraintSet, RationalsAndDoubles) {
@@ -75,19 +92,40 @@ TEST(ConstraintSet, BoolAndStringSetsNeverRepair) {
     EXPECT_FALSE(flag.GetBool());
 }
 
-TEST(ConstraintSet, TypeMismatchThrowsNamingTheSetAndItsType) {
-    const auto doubles = ConstraintSet::Create(PairList<double>{{"one", 1.0}});
-    for (bool fixup : {false, true}) {
-        SCOPED_TRACE(fixup);
-        Property value("v", 1);
-        try {
-            fixup ? doubles->Fixup(value) : doubles->IsValid(value);
-            FAIL() << "no exception";
-        } catch (const ConstraintIsNotApplicableForTypeException& e) {
-            EXPECT_EQ(ClassOf(e), "ConstraintSet");
-            ASSERT_NE(boost::get_error_info<ConstraintException::TagValueType>(e), nullptr);
-            EXPECT_EQ(*boost::get_error_info<ConstraintException::TagValueType>(e), TYPE_DOUBLE);
-            EXPECT_NE(boost::get_error_info<boost::throw_line>(e), nullptr);
+TEST(ConstraintException, TypeMismatchNamesTheClassTheTypeAndTheThrowSite) {
+    struct Case {
+        const char* name;
+        boost::intrusive_ptr<const IPropertyConstraint> constraint;
+        Property value;
+        const char* constraintClass;
+        PropertyTypes type;
+    };
+    const Case cases[] = {
+        {"set", ConstraintSet::Create(PairList<double>{{"one", 1.0}}), Property("", 1), "ConstraintSet", TYPE_DOUBLE},
+        {"codecs", ConstraintCodecs::Create({{"AAC", "aac"}}, "aac"), Property("", 5), "ConstraintCodecs", TYPE_STRING},
+        // The layout constraint deliberately reports the value-set class.
+        {"layout", ConstraintChannelLayout::Create({IFormatCodecAudio::TAG_CH_LAYOUT_MONO}), Property("", 2),
+         "ConstraintSet", TYPE_STRING},
+        {"sample format", ConstraintSampleFormat::Create({SAMPLE_FMT_S16}), Property("", 1.0), "ConstraintSampleFormat",
+         TYPE_STRING},
+    };
+    for (const Case& c : cases) {
+        for (bool fixup : {false, true}) {
+            SCOPED_TRACE(std::string(c.name) + (fixup ? " Fixup" : " IsValid"));
+            Property value = c.value;
+            try {
+                fixup ? c.constraint->Fixup(value) : c.constraint->IsValid(value);
+                ADD_FAILURE() << "no exception";
+            } catch (const ConstraintIsNotApplicableForTypeException& e) {
+                EXPECT_EQ(ClassOf(e), c.constraintClass);
+                const auto* type = boost::get_error_info<ConstraintException::TagValueType>(e);
+                ASSERT_NE(type, nullptr);
+                EXPECT_EQ(*type, c.type);
+                EXPECT_NE(boost::get_error_info<boost::throw_function>(e), nullptr);
+                EXPECT_NE(boost::get_error_info<boost::throw_file>(e), nullptr);
+                EXPECT_NE(boost::get_error_info<boost::throw_line>(e), nullptr);
+            }
+            EXPECT_EQ(value, c.value);
         }
     }
 }
@@ -120,6 +158,9 @@ TEST(ConstraintSet, ListsLabelsInOrderThenCommits) {
 TEST(ConstraintSet, DescriptionListsLabelsEachFollowedByABlank) {
     const auto set = ConstraintSet::Create(PairList<std::string>{{"Low", "l"}, {"High", "h"}});
     EXPECT_EQ(set->Description("quality"), "Parameter quality must be one of the following values: Low High ");
+    static const long long rates[] = {8000, 44100};
+    EXPECT_EQ(ConstraintSet::Create(CreatePairValueList(rates))->Description("rate"),
+              "Parameter rate must be one of the following values: 8000 44100 ");
     ::setenv("LANGUAGE", "de", 1);
     EXPECT_EQ(set->Description("quality"), "Parameter quality muss einen der folgenden Werte haben: Low High ");
     ::unsetenv("LANGUAGE");
@@ -135,12 +176,6 @@ TEST(ConstraintCodecs, RepairsToTheDefault) {
     EXPECT_EQ(label.GetString(), "mpeg4");
     EXPECT_EQ(label.GetName(), "codec_id");
     EXPECT_EQ(codecs->Description("x"), "");
-    try {
-        codecs->IsValid(Property("", 5));
-        FAIL() << "no exception";
-    } catch (const ConstraintIsNotApplicableForTypeException& e) {
-        EXPECT_EQ(ClassOf(e), "ConstraintCodecs");
-    }
 }
 
 TEST(ConstraintCodecs, EmptyDefaultOrEmptyList) {

@@ -97,13 +97,26 @@ TEST(ValidationRuleCheck, VerdictsOnUntrustedTrees) {
         const ValidationRuleCheck check = ValidationRuleCheck::Evaluate(*rule, c.job);
         EXPECT_EQ(check.verdict, c.verdict);
         EXPECT_EQ(check.path, c.path);
-        EXPECT_EQ(check.detail.empty(), c.verdict == ValidationRuleCheck::HOLDS);
+        EXPECT_NE(check.detail.find(c.path), std::string::npos) << check.detail;
     }
+    EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, Job("h263", 320)).detail,
+              "frame/width is 320, not admitted while codec/id is h263");
 }
 
 TEST(ValidationRuleCheck, RuleTiedToNoSettingAlwaysApplies) {
-    const auto even = PairValidationRule::Create(
-        "", nullptr, "frame/width", ConstraintMethod::CreateEven(IPropertyConstraint::DESCRIPTION_ID_EVEN_SIZE));
-    EXPECT_EQ(ValidationRuleCheck::Evaluate(*even, Job("x", 720)).verdict, ValidationRuleCheck::HOLDS);
-    EXPECT_EQ(ValidationRuleCheck::Evaluate(*even, Job("x", 721)).verdict, ValidationRuleCheck::BROKEN);
+    const auto evenWidth = ConstraintMethod::CreateEven(IPropertyConstraint::DESCRIPTION_ID_EVEN_SIZE);
+    const auto anyCodec = ConstraintMethod::CreateAlwaysTrue("");
+    // Without a first constraint the first path is not even looked up.
+    const boost::intrusive_ptr<IValidationRule> rules[] = {
+        PairValidationRule::Create("", nullptr, "frame/width", evenWidth),
+        PairValidationRule::Create("no/such/setting", nullptr, "frame/width", evenWidth),
+        PairValidationRule::Create("", anyCodec, "frame/width", evenWidth),
+    };
+    for (const auto& rule : rules) {
+        SCOPED_TRACE(rule->GetFirstPath());
+        EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, Job("x", 720)).verdict, ValidationRuleCheck::HOLDS);
+        EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, Job("x", 721)).verdict, ValidationRuleCheck::BROKEN);
+        EXPECT_TRUE(rule->IsValid(Job("x", 720)));
+        EXPECT_FALSE(rule->IsValid(Job("x", 721)));
+    }
 }
