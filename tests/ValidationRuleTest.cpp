@@ -1,4 +1,5 @@
 #include "Conf/DataHelpers/ConstraintMethod.h"
+#include "Conf/DataHelpers/ConstraintSampleFormat.h"
 #include "Conf/DataHelpers/ConstraintSet.h"
 #include "Conf/DataHelpers/PairValidationRule.h"
 #include "Conf/DataHelpers/SizeConstraints.h"
@@ -119,4 +120,12 @@ TEST(ValidationRuleCheck, RuleTiedToNoSettingAlwaysApplies) {
         EXPECT_TRUE(rule->IsValid(Job("x", 720)));
         EXPECT_FALSE(rule->IsValid(Job("x", 721)));
     }
+}
+
+TEST(ValidationRuleCheck, UnknownSampleFormatIsNotAdmitted) {
+    const auto rule =
+        PairValidationRule::Create("", nullptr, "audio/fmt", ConstraintSampleFormat::Create({SAMPLE_FMT_S16}));
+    Property job("job");
+    job.SetChild("audio").SetChildT("fmt", std::string("s24le"));
+    EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, job).verdict, ValidationRuleCheck::BROKEN);
 }

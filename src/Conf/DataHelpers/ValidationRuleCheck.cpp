@@ -13,6 +13,9 @@ Judgement Judge(const IPropertyConstraint& constraint, const std::string& path, 
     const std::string held = path + " holds a value of type " + std::to_string(value.GetType());
     try {
         return constraint.IsValid(value) ? Judgement::SATISFIED : Judgement::UNSATISFIED;
+    } catch (const FormatException&) {
+        // A layout or sample format the vocabulary does not know is simply not admitted.
+        return Judgement::UNSATISFIED;
     } catch (const ConstraintException& e) {
         const auto* expected = boost::get_error_info<ConstraintException::TagValueType>(e);
         detail = held + " where type " + (expected != nullptr ? std::to_string(*expected) : "another") + " is expected";
