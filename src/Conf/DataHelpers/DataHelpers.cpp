@@ -1,6 +1,18 @@
 #include "Conf/DataHelpers/DataHelpers.h"
 
 #include "Conf/ConfException.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecAac.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecAc3.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecAlac.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecAmrNB.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecDTS.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecEmpty.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecFlac.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecMp2.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecMp3.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecPCM.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecVorbis.h"
+#include "Conf/DataHelpers/DataHelperAudioCodecWmav2.h"
 #include "Conf/DataHelpers/DataHelperAudioFormatter.h"
 #include "Conf/DataHelpers/DataHelperAudioResample.h"
 #include "Conf/DataHelpers/DataHelperAudioVolume.h"
@@ -153,6 +165,31 @@ IDataHelper::DataHelperMap BuildFormatHelpers() {
 
 IDataHelper::DataHelperMap BuildAudioCodecHelpers() {
     return FillTable({
+        {IFormatCodec::CODEC_ID_AUTO, DataHelperAudioCodecEmpty::Create(IFormatCodec::CODEC_ID_AUTO)},
+        {IFormatCodecAudio::CODEC_ID_AAC, DataHelperAudioCodecAac::Create()},
+        {IFormatCodecAudio::CODEC_ID_AC3, DataHelperAudioCodecAc3::Create()},
+        {IFormatCodecAudio::CODEC_ID_DTS, DataHelperAudioCodecDTS::Create()},
+        {IFormatCodecAudio::CODEC_ID_MP3, DataHelperAudioCodecMp3::Create()},
+        {IFormatCodecAudio::CODEC_ID_FLAC, DataHelperAudioCodecFlac::Create()},
+        {IFormatCodecAudio::CODEC_ID_ALAC, DataHelperAudioCodecAlac::Create()},
+        {IFormatCodecAudio::CODEC_ID_AMR_NB, DataHelperAudioCodecAmrNB::Create()},
+        {IFormatCodecAudio::CODEC_ID_WMAV2, DataHelperAudioCodecWmav2::Create()},
+        {IFormatCodecAudio::CODEC_ID_MP2, DataHelperAudioCodecMp2::Create()},
+        {IFormatCodecAudio::CODEC_ID_VORBIS, DataHelperAudioCodecVorbis::Create()},
+        {IFormatCodecAudio::CODEC_ID_PCM_U16BE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_U16BE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_U16LE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_U16LE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_U24BE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_U24BE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_U24LE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_U24LE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_U8, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_U8)},
+        {IFormatCodecAudio::CODEC_ID_PCM_U32BE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_U32BE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_U32LE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_U32LE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_S16BE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_S16BE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_S16LE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_S16LE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_S24BE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_S24BE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_S24LE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_S24LE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_S8, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_S8)},
+        {IFormatCodecAudio::CODEC_ID_PCM_S32BE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_S32BE)},
+        {IFormatCodecAudio::CODEC_ID_PCM_S32LE, DataHelperAudioCodecPCM::Create(IFormatCodecAudio::CODEC_ID_PCM_S32LE)},
     });
 }
 
