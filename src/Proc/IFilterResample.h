@@ -1,6 +1,8 @@
 #pragma once
 
+#include "Conf/ChannelLayout.h"
 #include "Core/Api.h"
+#include "Core/Property.h"
 
 #include <string>
 
@@ -10,6 +12,10 @@ namespace Tervan::Proc {
 class TERVAN_API IFilterResample {
 public:
     static const std::string CLASS_ID;
+
+    // CLASS_ID { IResample::CLASS_ID { sample rate (Hz), layout name, sample format
+    // (packed 16-bit), IPreset::KEY_TYPE_ID = the default resampler } }.
+    static Core::Property MakeSettings(Conf::ChannelLayout layout, int sampleRate);
 };
 
 }  // namespace Tervan::Proc

@@ -34,9 +34,9 @@ const std::string IResize::METHOD_POINT = "point", IResize::METHOD_FAST_BILINEAR
 const std::string IResize::FRAME_SIZE_CUSTOM = "custom", IResize::FRAME_SIZE_CUSTOM_SCALE = "custom_scale",
                   IResize::FRAME_SIZE_ORIGINAL = "original", IResize::FRAME_SIZE_HALF_ORIGINAL = "half_original",
                   IResize::FRAME_SIZE_QUARTER_ORIGINAL = "quarter_original";
-const std::string IFilterDeinterlace::CLASS_ID = "deinterlace";
-const std::string IDeinterlace::CLASS_ID = "deinterlacer",
-                  IDeinterlace::DEINTERLACE_IMPL_STANDART_FFMPEG = "yadif";
+const std::string IFilterDeinterlace::CLASS_ID = "deinterlace", IFilterDeinterlace::ENABLED = "enabled";
+const std::string IDeinterlace::CLASS_ID = "deinterlacer", IDeinterlace::DEINTERLACE_IMPL_STANDART_FFMPEG = "yadif",
+                  IDeinterlace::DEINTERLACE_IMPL_FIELDS_FFMPEG = "yadif_field";
 const std::string IFilterVideoPreview::CLASS_ID = "video_preview",
                   IFilterVideoPreview::FRAMES_TO_SKIP_COUNT = "frames_to_skip";
 

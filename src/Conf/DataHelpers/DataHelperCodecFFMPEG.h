@@ -9,6 +9,7 @@
 #include <boost/intrusive_ptr.hpp>
 #include <boost/rational.hpp>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -58,6 +59,13 @@ protected:
                       const boost::intrusive_ptr<const IPropertyConstraint>& constraint) const;
     // Proc::IFilterResample::CLASS_ID / Proc::IResample::CLASS_ID / tag
     static std::string ResamplerPath(const std::string& tag);
+    // A value set over strings, each labelled by itself, in table order.
+    static boost::intrusive_ptr<const IPropertyConstraint> OneOf(const std::string* const* first,
+                                                                 const std::string* const* last);
+    template <std::size_t N>
+    static boost::intrusive_ptr<const IPropertyConstraint> OneOf(const std::string* const (&values)[N]) {
+        return OneOf(values, values + N);
+    }
 
 private:
     std::string m_codecId;

@@ -1,6 +1,51 @@
 #include "Conf/DataHelpers/DataHelpers.h"
 
 #include "Conf/ConfException.h"
+#include "Conf/DataHelpers/DataHelperAudioFormatter.h"
+#include "Conf/DataHelpers/DataHelperAudioResample.h"
+#include "Conf/DataHelpers/DataHelperAudioVolume.h"
+#include "Conf/DataHelpers/DataHelperDeinterlace.h"
+#include "Conf/DataHelpers/DataHelperFormat3gp.h"
+#include "Conf/DataHelpers/DataHelperFormatAAC.h"
+#include "Conf/DataHelpers/DataHelperFormatAvi.h"
+#include "Conf/DataHelpers/DataHelperFormatDVD.h"
+#include "Conf/DataHelpers/DataHelperFormatFlac.h"
+#include "Conf/DataHelpers/DataHelperFormatFlv.h"
+#include "Conf/DataHelpers/DataHelperFormatGif.h"
+#include "Conf/DataHelpers/DataHelperFormatImage.h"
+#include "Conf/DataHelpers/DataHelperFormatM4a.h"
+#include "Conf/DataHelpers/DataHelperFormatMkv.h"
+#include "Conf/DataHelpers/DataHelperFormatMov.h"
+#include "Conf/DataHelpers/DataHelperFormatMp3.h"
+#include "Conf/DataHelpers/DataHelperFormatMp4.h"
+#include "Conf/DataHelpers/DataHelperFormatMpeg1.h"
+#include "Conf/DataHelpers/DataHelperFormatMpeg2TS.h"
+#include "Conf/DataHelpers/DataHelperFormatMpegTS.h"
+#include "Conf/DataHelpers/DataHelperFormatOgg.h"
+#include "Conf/DataHelpers/DataHelperFormatOgv.h"
+#include "Conf/DataHelpers/DataHelperFormatSwf.h"
+#include "Conf/DataHelpers/DataHelperFormatVOB.h"
+#include "Conf/DataHelpers/DataHelperFormatWav.h"
+#include "Conf/DataHelpers/DataHelperFormatWebm.h"
+#include "Conf/DataHelpers/DataHelperFormatWma.h"
+#include "Conf/DataHelpers/DataHelperFormatWmv.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecFlv1.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecH263.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecImageBase.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecMjpeg.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecMpeg1.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecMpeg2.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecMpeg4.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecProres.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecRLE.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecTheora.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecVP8.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecVP9.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecWmv2.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecX264.h"
+#include "Conf/DataHelpers/DataHelperVideoPreview.h"
+#include "Conf/DataHelpers/DataHelperVideoResample.h"
+#include "Conf/DataHelpers/DataHelperVideoResize.h"
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IFormatFile.h"
@@ -39,7 +84,70 @@ IDataHelper::DataHelperMap FillTable(const Entries& entries) {
 }
 
 IDataHelper::DataHelperMap BuildFormatHelpers() {
+    // Create makes a separate instance for every entry, aliases included.
     return FillTable({
+        {IFormatFile::FORMAT_MP4, DataHelperFormatMp4::Create()},
+        {IFormatFile::FORMAT_M4A, DataHelperFormatM4a::Create()},
+        {IFormatFile::FORMAT_IPOD, DataHelperFormatMp4::Create()},
+        {IFormatFile::FORMAT_MOV, DataHelperFormatMov::Create()},
+        {IFormatFile::FORMAT_MATROSKA, DataHelperFormatMkv::Create()},
+        {IFormatFile::FORMAT_MPEG, DataHelperFormatMpeg1::Create()},
+        {IFormatFile::FORMAT_VOB, DataHelperFormatVOB::Create()},
+        {IFormatFile::FORMAT_MPEG1VIDEO, DataHelperFormatMpeg1::Create()},
+        {IFormatFile::FORMAT_MPEG2VIDEO, DataHelperFormatVOB::Create()},
+        {IFormatFile::FORMAT_AVI, DataHelperFormatAvi::Create()},
+        {IFormatFile::FORMAT_DVD, DataHelperFormatDVD::Create()},
+        {IFormatFile::FORMAT_FLV, DataHelperFormatFlv::Create()},
+        {IFormatFile::FORMAT_3GP, DataHelperFormat3gp::Create()},
+        {IFormatFile::FORMAT_3G2, DataHelperFormat3gp::Create()},
+        {IFormatFile::FORMAT_MP3, DataHelperFormatMp3::Create()},
+        {IFormatFile::FORMAT_AAC, DataHelperFormatAAC::Create()},
+        {IFormatFile::FORMAT_OGG, DataHelperFormatOgg::Create()},
+        {IFormatFile::FORMAT_FLAC, DataHelperFormatFlac::Create()},
+        {IFormatFile::FORMAT_WAV, DataHelperFormatWav::Create()},
+        {IFormatFile::FORMAT_MPEGTS, DataHelperFormatMpegTS::Create()},
+        {IFormatFile::FORMAT_MPEG2TS, DataHelperFormatMpeg2TS::Create()},
+        {IFormatFile::FORMAT_WEBM, DataHelperFormatWebm::Create()},
+        {IFormatFile::FORMAT_WMA, DataHelperFormatWma::Create()},
+        {IFormatFile::FORMAT_WMV, DataHelperFormatWmv::Create()},
+        {IFormatFile::FORMAT_SWF, DataHelperFormatSwf::Create()},
+        {IFormatFile::FORMAT_OGV, DataHelperFormatOgv::Create()},
+        // The generic image sequence is Motion JPEG.
+        {IFormatFile::FORMAT_IMAGE2,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_IMAGE2, IFormatCodecVideo::CODEC_ID_MJPEG)},
+        {IFormatFile::FORMAT_BMP,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_BMP, IFormatCodecVideo::CODEC_ID_BMP)},
+        {IFormatFile::FORMAT_PNG,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_PNG, IFormatCodecVideo::CODEC_ID_PNG)},
+        {IFormatFile::FORMAT_TIFF,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_TIFF, IFormatCodecVideo::CODEC_ID_TIFF)},
+        {IFormatFile::FORMAT_DPX,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_DPX, IFormatCodecVideo::CODEC_ID_DPX)},
+        {IFormatFile::FORMAT_JPEG2000,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_JPEG2000, IFormatCodecVideo::CODEC_ID_JPEG2000)},
+        {IFormatFile::FORMAT_PBM,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_PBM, IFormatCodecVideo::CODEC_ID_PBM)},
+        {IFormatFile::FORMAT_PCX,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_PCX, IFormatCodecVideo::CODEC_ID_PCX)},
+        {IFormatFile::FORMAT_PGM,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_PGM, IFormatCodecVideo::CODEC_ID_PGM)},
+        {IFormatFile::FORMAT_PPM,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_PPM, IFormatCodecVideo::CODEC_ID_PPM)},
+        {IFormatFile::FORMAT_TARGA,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_TARGA, IFormatCodecVideo::CODEC_ID_TARGA)},
+        {IFormatFile::FORMAT_XBM,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_XBM, IFormatCodecVideo::CODEC_ID_XBM)},
+        {IFormatFile::FORMAT_JPEGLS,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_JPEGLS, IFormatCodecVideo::CODEC_ID_JPEGLS)},
+        {IFormatFile::FORMAT_PAM,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_PAM, IFormatCodecVideo::CODEC_ID_PAM)},
+        {IFormatFile::FORMAT_PGMYUV,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_PGMYUV, IFormatCodecVideo::CODEC_ID_PGMYUV)},
+        {IFormatFile::FORMAT_SGI,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_SGI, IFormatCodecVideo::CODEC_ID_SGI)},
+        {IFormatFile::FORMAT_XWD,
+         DataHelperFormatImage::Create(IFormatFile::FORMAT_XWD, IFormatCodecVideo::CODEC_ID_XWD)},
+        {IFormatFile::FORMAT_GIF, DataHelperFormatGif::Create()},
     });
 }
 
@@ -48,13 +156,52 @@ IDataHelper::DataHelperMap BuildAudioCodecHelpers() {
     });
 }
 
+// H.265 and WMV3 have helpers but are deliberately not offered.
 IDataHelper::DataHelperMap BuildVideoCodecHelpers() {
     return FillTable({
+        {IFormatCodecVideo::CODEC_ID_H264, DataHelperVideoCodecX264::Create()},
+        {IFormatCodecVideo::CODEC_ID_MPEG4, DataHelperVideoCodecMpeg4::Create()},
+        {IFormatCodecVideo::CODEC_ID_MPEG1VIDEO, DataHelperVideoCodecMpeg1::Create()},
+        {IFormatCodecVideo::CODEC_ID_MPEG2VIDEO, DataHelperVideoCodecMpeg2::Create()},
+        {IFormatCodecVideo::CODEC_ID_THEORA, DataHelperVideoCodecTheora::Create()},
+        {IFormatCodecVideo::CODEC_ID_VP8, DataHelperVideoCodecVP8::Create()},
+        {IFormatCodecVideo::CODEC_ID_H263, DataHelperVideoCodecH263::Create()},
+        {IFormatCodecVideo::CODEC_ID_PRORES, DataHelperVideoCodecProres::Create()},
+        {IFormatCodecVideo::CODEC_ID_QTRLE, DataHelperVideoCodecRLE::Create()},
+        {IFormatCodecVideo::CODEC_ID_WMV2, DataHelperVideoCodecWmv2::Create()},
+        {IFormatCodecVideo::CODEC_ID_FLV1, DataHelperVideoCodecFlv1::Create()},
+        {IFormatCodecVideo::CODEC_ID_MJPEG, DataHelperVideoCodecMjpeg::Create()},
+        {IFormatCodecVideo::CODEC_ID_BMP, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_BMP)},
+        {IFormatCodecVideo::CODEC_ID_GIF, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_GIF)},
+        {IFormatCodecVideo::CODEC_ID_PNG, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PNG)},
+        {IFormatCodecVideo::CODEC_ID_TIFF, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_TIFF)},
+        {IFormatCodecVideo::CODEC_ID_DPX, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_DPX)},
+        {IFormatCodecVideo::CODEC_ID_JPEG2000,
+         DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_JPEG2000)},
+        {IFormatCodecVideo::CODEC_ID_PBM, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PBM)},
+        {IFormatCodecVideo::CODEC_ID_PCX, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PCX)},
+        {IFormatCodecVideo::CODEC_ID_PGM, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PGM)},
+        {IFormatCodecVideo::CODEC_ID_PPM, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PPM)},
+        {IFormatCodecVideo::CODEC_ID_TARGA, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_TARGA)},
+        {IFormatCodecVideo::CODEC_ID_XBM, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_XBM)},
+        {IFormatCodecVideo::CODEC_ID_JPEGLS, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_JPEGLS)},
+        {IFormatCodecVideo::CODEC_ID_PAM, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PAM)},
+        {IFormatCodecVideo::CODEC_ID_PGMYUV, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_PGMYUV)},
+        {IFormatCodecVideo::CODEC_ID_SGI, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_SGI)},
+        {IFormatCodecVideo::CODEC_ID_XWD, DataHelperVideoCodecImageBase::Create(IFormatCodecVideo::CODEC_ID_XWD)},
+        {IFormatCodecVideo::CODEC_ID_VP9, DataHelperVideoCodecVP9::Create()},
     });
 }
 
 IDataHelper::DataHelperMap BuildFilterHelpers() {
     return FillTable({
+        {Proc::IFilterResample::CLASS_ID, DataHelperAudioResample::Create()},
+        {Proc::IFilterAudioVolume::CLASS_ID, DataHelperAudioVolume::Create()},
+        {Proc::IFilterAudioFormatter::CLASS_ID, DataHelperAudioFormatter::Create()},
+        {Proc::IFilterFrameRate::CLASS_ID, DataHelperVideoResample::Create()},
+        {Proc::IFilterResize::CLASS_ID, DataHelperVideoResize::Create()},
+        {Proc::IFilterDeinterlace::CLASS_ID, DataHelperDeinterlace::Create()},
+        {Proc::IFilterVideoPreview::CLASS_ID, DataHelperVideoPreview::Create()},
     });
 }
 

@@ -1,0 +1,53 @@
+#include "Conf/DataHelpers/ConstraintCodecs.h"
+
+#include "Conf/ConfException.h"
+
+#include <utility>
+
+namespace Tervan::Conf {
+
+ConstraintCodecs::ConstraintCodecs(PairList<std::string> codecs, std::string defaultCodec)
+    : m_codecs(std::move(codecs)), m_defaultCodec(std::move(defaultCodec)) {}
+
+ConstraintCodecs::~ConstraintCodecs() = default;
+
+boost::intrusive_ptr<const IPropertyConstraint> ConstraintCodecs::Create(const PairList<std::string>& codecs,
+                                                                         const std::string& defaultCodec) {
+    return new ConstraintCodecs(codecs, defaultCodec);
+}
+
+bool ConstraintCodecs::IsValid(const Core::Property& value) const {
+    if (value.GetType() != TYPE_STRING) {
+        BOOST_THROW_EXCEPTION(ConstraintIsNotApplicableForTypeException()
+                              << ConstraintException::TagConstraintClass("ConstraintCodecs")
+                              << ConstraintException::TagValueType(TYPE_STRING));
+    }
+    for (const auto& codec : m_codecs) {
+        if (codec.second == value.GetString()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ConstraintCodecs::Fixup(Core::Property& value) const {
+    if (IsValid(value)) {
+        return true;
+    }
+    if (m_defaultCodec.empty()) {
+        return false;
+    }
+    value.CopyDataFrom(Core::Property(std::string(), m_defaultCodec));
+    return true;
+}
+
+void ConstraintCodecs::FillValueList(const boost::intrusive_ptr<IConstraintConsumer>& consumer) const {
+    for (const auto& [label, codec] : m_codecs) {
+        consumer->AddValue(label, Core::Property(std::string(), codec));
+    }
+    consumer->Commit();
+}
+
+std::string ConstraintCodecs::Description(const std::string& /*name*/) const { return {}; }
+
+}  // namespace Tervan::Conf

@@ -1,0 +1,79 @@
+#include "Conf/DataHelpers/ConstraintSampleFormat.h"
+
+#include "Conf/ConfException.h"
+
+#include <cstdlib>
+
+namespace Tervan::Conf {
+namespace {
+
+// Width difference, plus one when the flag is EQUAL: among formats of the same width
+// the one whose flag differs from the rejected format's is preferred.
+int Distance(const SampleFmtRecord& rejected, const SampleFmtRecord& candidate) {
+    return std::abs(rejected.bitsPerSample - candidate.bitsPerSample) + (rejected.planar == candidate.planar ? 1 : 0);
+}
+
+}  // namespace
+
+ConstraintSampleFormat::ConstraintSampleFormat(const std::vector<SampleFormats>& formats) {
+    m_formats.reserve(formats.size());
+    for (SampleFormats format : formats) {
+        m_formats.emplace_back(format, SampleFmtRecord::Find(format).name);
+    }
+}
+
+ConstraintSampleFormat::~ConstraintSampleFormat() = default;
+
+boost::intrusive_ptr<const IPropertyConstraint> ConstraintSampleFormat::Create(const std::vector<SampleFormats>& formats) {
+    return new ConstraintSampleFormat(formats);
+}
+
+bool ConstraintSampleFormat::IsValid(const Core::Property& value) const {
+    if (value.GetType() != TYPE_STRING) {
+        BOOST_THROW_EXCEPTION(ConstraintIsNotApplicableForTypeException()
+                              << ConstraintException::TagConstraintClass("ConstraintSampleFormat")
+                              << ConstraintException::TagValueType(TYPE_STRING));
+    }
+    const SampleFormats format = SampleFmtRecord::Find(value.GetString()).format;
+    for (const auto& entry : m_formats) {
+        if (entry.first == format) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ConstraintSampleFormat::Fixup(Core::Property& value) const {
+    if (IsValid(value)) {
+        return true;
+    }
+    if (value.GetType() != TYPE_STRING || m_formats.empty()) {
+        return false;
+    }
+    const SampleFmtRecord& rejected = SampleFmtRecord::Find(value.GetString());
+    const SampleFmtRecord& counterpart = SampleFmtRecord::Find(rejected.counterpart);
+    if (IsValid(Core::Property(std::string(), counterpart.name))) {
+        value = counterpart.name;
+        return true;
+    }
+    const SampleFmtRecord* pick = &SampleFmtRecord::Find(m_formats.front().first);
+    for (std::size_t i = 1; i < m_formats.size(); ++i) {
+        const SampleFmtRecord& candidate = SampleFmtRecord::Find(m_formats[i].first);
+        if (Distance(rejected, candidate) < Distance(rejected, *pick)) {
+            pick = &candidate;
+        }
+    }
+    value = pick->name;
+    return true;
+}
+
+void ConstraintSampleFormat::FillValueList(const boost::intrusive_ptr<IConstraintConsumer>& consumer) const {
+    for (const auto& entry : m_formats) {
+        consumer->AddValue(entry.second, Core::Property(entry.second, entry.second));
+    }
+    consumer->Commit();
+}
+
+std::string ConstraintSampleFormat::Description(const std::string& /*name*/) const { return {}; }
+
+}  // namespace Tervan::Conf

@@ -1,0 +1,24 @@
+#include "Conf/DataHelpers/DataHelperAudioFormatter.h"
+
+#include "Conf/Interfaces/IPreset.h"
+#include "Proc/IAudioFormatter.h"
+#include "Proc/IFilterAudioFormatter.h"
+#include "Proc/ImplNames.h"
+
+namespace Tervan::Conf {
+
+boost::intrusive_ptr<const IDataHelper> DataHelperAudioFormatter::Create() {
+    return boost::intrusive_ptr<const IDataHelper>(new DataHelperAudioFormatter());
+}
+
+DataHelperAudioFormatter::~DataHelperAudioFormatter() = default;
+
+Core::Property DataHelperAudioFormatter::GetDefaults() const {
+    Core::Property settings(Proc::IFilterAudioFormatter::CLASS_ID);
+    settings.SetChild(Proc::IAudioFormatter::CLASS_ID);
+    settings.SetChildT(Proc::IFilterAudioFormatter::PACKET_DURATION, 100000LL);
+    settings[Proc::IAudioFormatter::CLASS_ID].SetChildT(IPreset::KEY_TYPE_ID, Proc::ImplNames::DEFAULT);
+    return settings;
+}
+
+}  // namespace Tervan::Conf

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Conf/DataHelpers/DataHelperFilter.h"
+
+namespace Tervan::Conf {
+
+// The audio formatter filter, which cuts audio into packets of a fixed duration.
+class TERVAN_API DataHelperAudioFormatter : public DataHelperFilter {
+public:
+    static boost::intrusive_ptr<const IDataHelper> Create();
+
+    Core::Property GetDefaults() const override;
+
+protected:
+    DataHelperAudioFormatter() = default;
+    ~DataHelperAudioFormatter() override;
+};
+
+}  // namespace Tervan::Conf

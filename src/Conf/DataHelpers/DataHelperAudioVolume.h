@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Conf/DataHelpers/DataHelperFilter.h"
+
+namespace Tervan::Conf {
+
+// The audio volume filter.
+class TERVAN_API DataHelperAudioVolume : public DataHelperFilter {
+public:
+    static boost::intrusive_ptr<const IDataHelper> Create();
+
+    Core::Property GetDefaults() const override;
+    void GetConstraints(Constraints& out) const override;
+
+protected:
+    DataHelperAudioVolume() = default;
+    ~DataHelperAudioVolume() override;
+};
+
+}  // namespace Tervan::Conf

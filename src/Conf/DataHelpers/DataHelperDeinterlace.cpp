@@ -1,0 +1,30 @@
+#include "Conf/DataHelpers/DataHelperDeinterlace.h"
+
+#include "Conf/Interfaces/IFormatCodecVideo.h"
+#include "Conf/Interfaces/IPreset.h"
+#include "Proc/IDeinterlace.h"
+#include "Proc/IFilterDeinterlace.h"
+
+namespace Tervan::Conf {
+
+boost::intrusive_ptr<const IDataHelper> DataHelperDeinterlace::Create() {
+    return boost::intrusive_ptr<const IDataHelper>(new DataHelperDeinterlace());
+}
+
+DataHelperDeinterlace::~DataHelperDeinterlace() = default;
+
+Core::Property DataHelperDeinterlace::GetDefaults() const {
+    return Proc::IFilterDeinterlace::MakeSettings(true);
+}
+
+void DataHelperDeinterlace::ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const {
+    const std::string& implementation =
+        preset.ChildByPath(Proc::IDeinterlace::CLASS_ID + Core::Property::SEPARATOR + IPreset::KEY_TYPE_ID).GetString();
+    if (implementation == Proc::IDeinterlace::DEINTERLACE_IMPL_STANDART_FFMPEG) {
+        return;
+    }
+    const Core::Property::Ratio rate = out.ChildByPath(IFormatCodecVideo::TAG_FPS).GetRatio();
+    out.SetChildT(IFormatCodecVideo::TAG_FPS, rate * 2);
+}
+
+}  // namespace Tervan::Conf

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Conf/DataHelpers/ConstraintSet.h"
+#include "Conf/DataHelpers/PairList.h"
+#include "Conf/Interfaces/IDataHelper.h"
+
+#include <cstddef>
+#include <string>
+
+namespace Tervan::Conf {
+
+// The base of the processing filters' helpers: every operation but GetDefaults does
+// nothing, so a filter helper shows only what it adds.
+class TERVAN_API DataHelperFilter : public RefCounted<IDataHelper> {
+public:
+    void GetRequiredObjects(RequiredObjects& out) const override;
+    void GetValidationRules(ValidationRules& out) const override;
+    void GetConstraints(Constraints& out) const override;
+    void ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const override;
+    void CorrectFormatCodec(Core::Property& settings) const override;
+
+protected:
+    DataHelperFilter() = default;
+    ~DataHelperFilter() override;
+
+    // A set of strings, each its own label, in table order.
+    template <std::size_t N>
+    static ConstraintPtr StringSet(const std::string* const (&values)[N]) {
+        PairList<std::string> list;
+        for (const std::string* value : values) {
+            list.emplace_back(*value, *value);
+        }
+        return ConstraintSet::Create(list);
+    }
+};
+
+}  // namespace Tervan::Conf

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Conf/DataHelpers/DataHelperFormatContainer.h"
+
+#include <boost/intrusive_ptr.hpp>
+
+namespace Tervan::Conf {
+
+// A DVD-Video disc: a TV standard, a disc size, and the bit rates and audio the
+// DVD-Video standard allows.
+class TERVAN_API DataHelperFormatDVD : public DataHelperFormatContainer {
+public:
+    static boost::intrusive_ptr<const IDataHelper> Create();
+
+    void GetValidationRules(ValidationRules& out) const override;
+    void GetConstraints(Constraints& out) const override;
+
+protected:
+    DataHelperFormatDVD();
+    ~DataHelperFormatDVD() override;
+
+    void AddFormatSettings(Core::Property& format) const override;
+};
+
+}  // namespace Tervan::Conf

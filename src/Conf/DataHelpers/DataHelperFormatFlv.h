@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Conf/DataHelpers/DataHelperFormatContainer.h"
+
+#include <boost/intrusive_ptr.hpp>
+
+namespace Tervan::Conf {
+
+// The Flash video container.
+class TERVAN_API DataHelperFormatFlv : public DataHelperFormatContainer {
+public:
+    static boost::intrusive_ptr<const IDataHelper> Create();
+
+    void GetValidationRules(ValidationRules& out) const override;
+
+protected:
+    DataHelperFormatFlv();
+    ~DataHelperFormatFlv() override;
+};
+
+}  // namespace Tervan::Conf

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Conf/DataHelpers/DataHelperFormatContainer.h"
+#include "Conf/DataHelpers/PairList.h"
+
+#include <string>
+
+namespace Tervan::Conf {
+
+// An MPEG program stream: its MPEG video may only run at the MPEG frame rates.
+class TERVAN_API DataHelperFormatProgramStream : public DataHelperFormatContainer {
+public:
+    void GetValidationRules(ValidationRules& out) const override;
+
+protected:
+    // frameRateCodecs: the video codecs held to the MPEG frame rates.
+    DataHelperFormatProgramStream(const Description& description, PairList<std::string> frameRateCodecs);
+    ~DataHelperFormatProgramStream() override;
+
+private:
+    PairList<std::string> m_frameRateCodecs;
+};
+
+}  // namespace Tervan::Conf

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Conf/DataHelpers/DataHelperFormatContainer.h"
+
+#include <boost/intrusive_ptr.hpp>
+
+namespace Tervan::Conf {
+
+// Flash animation.
+class TERVAN_API DataHelperFormatSwf : public DataHelperFormatContainer {
+public:
+    static boost::intrusive_ptr<const IDataHelper> Create();
+
+    void GetValidationRules(ValidationRules& out) const override;
+
+protected:
+    DataHelperFormatSwf();
+    ~DataHelperFormatSwf() override;
+};
+
+}  // namespace Tervan::Conf

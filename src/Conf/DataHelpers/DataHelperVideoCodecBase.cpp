@@ -1,0 +1,81 @@
+#include "Conf/DataHelpers/DataHelperVideoCodecBase.h"
+
+#include "Conf/DataHelpers/ConstraintRange.h"
+#include "Conf/Interfaces/IFormatCodecVideo.h"
+#include "Proc/IFilterFrameRate.h"
+#include "Proc/IFilterResize.h"
+#include "Proc/IResize.h"
+
+namespace Tervan::Conf {
+namespace {
+
+using VideoCodecTable::Constraint;
+using VideoCodecTable::Default;
+
+std::string ConstraintPath(const Constraint& row) {
+    return row.inOptions ? IFormatCodec::TAG_CODEC_OPTIONS_ENCODE + Core::Property::SEPARATOR + *row.tag : *row.tag;
+}
+
+}  // namespace
+
+DataHelperVideoCodecBase::~DataHelperVideoCodecBase() = default;
+
+Core::Property DataHelperVideoCodecBase::GetDefaults() const {
+    Core::Property defaults = DataHelperCodecFFMPEG::GetDefaults();
+    Core::Property options(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE);
+    for (const Default* row = m_defaults; row != m_defaultsEnd; ++row) {
+        Core::Property& node = row->inOptions ? options : defaults;
+        switch (row->kind) {
+            case Default::INTEGER:
+                node.CreateChildT(*row->tag, row->number);
+                break;
+            case Default::TEXT:
+                node.CreateChildT(*row->tag, *row->text);
+                break;
+            case Default::ENCODER_NAME:
+                node.CreateChildT(*row->tag, GetEncoderName());
+                break;
+        }
+    }
+    defaults.SetChild(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE, options);
+    return defaults;
+}
+
+void DataHelperVideoCodecBase::GetRequiredObjects(RequiredObjects& out) const {
+    if (m_filters == Filters::RESIZE_AND_FRAME_RATE) {
+        out.emplace_back(Proc::IFilterResize::CLASS_ID, std::string());
+        out.emplace_back(Proc::IFilterFrameRate::CLASS_ID, std::string());
+    }
+}
+
+void DataHelperVideoCodecBase::GetConstraints(Constraints& out) const {
+    DataHelperCodecFFMPEG::GetConstraints(out);
+    for (const Constraint* row = m_constraints; row != m_constraintsEnd; ++row) {
+        boost::intrusive_ptr<const IPropertyConstraint>& entry = out[ConstraintPath(*row)];
+        switch (row->kind) {
+            case Constraint::DEFAULT_BITRATE:
+                entry = s_defaultVideoBitrateConstraint;
+                break;
+            case Constraint::DEFAULT_QUALITY:
+                entry = s_defaultQualityConstraint;
+                break;
+            case Constraint::RANGE:
+                entry = ConstraintRange::Create(row->lo, row->hi, 0LL);
+                break;
+            case Constraint::VALUES:
+                entry = OneOf(row->values, row->values + row->valueCount);
+                break;
+        }
+    }
+}
+
+std::string DataHelperVideoCodecBase::ResizerPath(const std::string& tag) {
+    return Proc::IFilterResize::CLASS_ID + Core::Property::SEPARATOR + Proc::IResize::CLASS_ID +
+           Core::Property::SEPARATOR + tag;
+}
+
+void DataHelperVideoCodecBase::AddFrameBoundRule(ValidationRules& out, const VideoCodecTable::FrameBound& bound) const {
+    AddCodecRule(out, ResizerPath(*bound.tag), ConstraintRange::Create(bound.lo, bound.hi, bound.step));
+}
+
+}  // namespace Tervan::Conf

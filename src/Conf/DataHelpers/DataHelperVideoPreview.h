@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Conf/DataHelpers/DataHelperFilter.h"
+
+namespace Tervan::Conf {
+
+// The preview filter, which shows one frame of every so many.
+class TERVAN_API DataHelperVideoPreview : public DataHelperFilter {
+public:
+    static boost::intrusive_ptr<const IDataHelper> Create();
+
+    Core::Property GetDefaults() const override;
+
+protected:
+    DataHelperVideoPreview() = default;
+    ~DataHelperVideoPreview() override;
+};
+
+}  // namespace Tervan::Conf

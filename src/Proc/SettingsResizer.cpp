@@ -1,0 +1,88 @@
+#include "Proc/SettingsResizer.h"
+
+#include "Proc/ProcException.h"
+
+#include <algorithm>
+
+namespace Tervan::Proc {
+namespace {
+
+// Exact arithmetic: sizes times aspects stay far below 2^63.
+using Ratio = boost::rational<long long>;
+
+Ratio PixelShape(long long x, long long y) {
+    return x > 0 && y > 0 ? Ratio(x, y) : Ratio(1);
+}
+
+long long FloorEven(long long x) {
+    return std::max(2LL, x - x % 2);
+}
+
+// Halves round up: 405 gives 406.
+long long NearestEven(const Ratio& x) {
+    const Ratio halves = x / 2 + Ratio(1, 2);
+    return std::max(2LL, 2 * (halves.numerator() / halves.denominator()));
+}
+
+Conf::FrameInfo Frame(long long width, long long height, const Ratio& shape) {
+    return {static_cast<int>(width), static_cast<int>(height), static_cast<int>(shape.numerator()),
+            static_cast<int>(shape.denominator())};
+}
+
+// The largest frame of width-to-height ratio r inside an even box.
+Conf::FrameInfo Fit(const Ratio& r, long long boxWidth, long long boxHeight, const Ratio& shape) {
+    if (r * boxHeight <= boxWidth) {
+        return Frame(NearestEven(r * boxHeight), boxHeight, shape);
+    }
+    return Frame(boxWidth, NearestEven(boxWidth / r), shape);
+}
+
+}  // namespace
+
+Conf::FrameInfo SettingsResizer::GetOutputFrameSize(const Conf::FrameInfo& source) const {
+    if (source.width <= 0 || source.height <= 0) {
+        BOOST_THROW_EXCEPTION(Core::AddStack(ProcException() << Exception::TagDescription(
+                                                 "The source frame has no size: " + std::to_string(source.width) + "x" +
+                                                 std::to_string(source.height))));
+    }
+    const Ratio sourceShape = PixelShape(source.aspectX, source.aspectY);
+    const Ratio shape = PixelShape(aspect.numerator(), aspect.denominator());
+    const Ratio displayAspect = Ratio(source.width, source.height) * sourceShape;
+    const Ratio r = displayAspect / shape;
+    const long long boxWidth = FloorEven(width);
+    const long long boxHeight = FloorEven(height);
+
+    switch (frameSizeMode) {
+        case FRAME_SIZE_ORIGINAL:
+            return Frame(FloorEven(source.width), FloorEven(source.height), sourceShape);
+        case FRAME_SIZE_HALF_ORIGINAL:
+            return Frame(FloorEven(source.width / 2), FloorEven(source.height / 2), sourceShape);
+        case FRAME_SIZE_QUARTER_ORIGINAL:
+            return Frame(FloorEven(source.width / 4), FloorEven(source.height / 4), sourceShape);
+        case FRAME_SIZE_CUSTOM_SCALE:
+            return Frame(boxWidth, NearestEven(boxWidth / r), shape);
+        case FRAME_SIZE_CUSTOM:
+            break;
+    }
+
+    switch (mode) {
+        case MODE_SMART_FIT:
+            return Fit(r, boxWidth, boxHeight, shape);
+        case MODE_UP_TO: {
+            const Ratio naturalWidth = Ratio(source.width) * sourceShape / shape;
+            if (naturalWidth <= boxWidth && source.height <= boxHeight) {
+                return Frame(NearestEven(naturalWidth), NearestEven(Ratio(source.height)), shape);
+            }
+            return Fit(r, boxWidth, boxHeight, shape);
+        }
+        case MODE_AUTO:
+            return Frame(boxWidth, boxHeight, displayAspect * boxHeight / boxWidth);
+        case MODE_LETTERBOX:
+        case MODE_STRETCH:
+        case MODE_CROP:
+            break;
+    }
+    return Frame(boxWidth, boxHeight, shape);
+}
+
+}  // namespace Tervan::Proc

@@ -1,0 +1,205 @@
+#include "Conf/Interfaces/IFormatCodecAudio.h"
+#include "Conf/Interfaces/IFormatCodecVideo.h"
+#include "FormatTestSupport.h"
+#include "Proc/IFilterResample.h"
+#include "Proc/IResample.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <typeinfo>
+
+using namespace FormatTest;
+
+namespace {
+
+using A = IFormatCodecAudio;
+using V = IFormatCodecVideo;
+using F = IFormatFile;
+
+StreamDefault Video(const std::string& codec) {
+    return {IPreset::STREAM_TYPE_VIDEO, codec};
+}
+StreamDefault Audio(const std::string& codec) {
+    return {IPreset::STREAM_TYPE_AUDIO, codec};
+}
+
+const std::string kAudioCodecPath = IPreset::KEY_FILTER_AUDIO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
+const std::string kSampleRatePath = Proc::IFilterResample::CLASS_ID + Property::SEPARATOR + Proc::IResample::CLASS_ID +
+                                    Property::SEPARATOR + A::TAG_SAMPLE_RATE;
+
+Property AudioJob(const std::string& codec, long long rate) {
+    return Settings({{kAudioCodecPath, Property("", codec)}, {kSampleRatePath, Property("", rate)}});
+}
+
+std::string CodecKey(const std::string& type, const std::string& section) {
+    return IPreset::KEY_STREAMS + IPreset::INDEX + type + Property::SEPARATOR + section + Property::SEPARATOR +
+           IFormatCodec::TAG_CODEC_ID;
+}
+
+}  // namespace
+
+TEST(ContainerFormat, DefaultTrees) {
+    const std::string container = F::TAG_CONTAINER;
+    const std::vector<std::string> both = {F::TAG_PSP_MODE, F::TAG_PROGRESSIVE_READ};
+    const std::vector<std::pair<std::string, TreeDefaults>> cases = {
+        {F::FORMAT_MP4,
+         {container, F::FORMAT_MP4, both, {}, {1, 16, 16, 16}, {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_IPOD,
+         {container, F::FORMAT_MP4, both, {}, {1, 16, 16, 16}, {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_M4A, {container, F::FORMAT_M4A, {}, {}, {0, 1, 0, 1}, {Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_MOV,
+         {"", "", {F::TAG_PROGRESSIVE_READ}, {}, {1, 16, 16, 16}, {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_MATROSKA,
+         {container, F::FORMAT_MATROSKA, {}, {}, {1, 16, 16, 16}, {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_AVI,
+         {container, F::FORMAT_AVI, {}, {}, {1, 16, 16, 0}, {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_MP3)}}},
+        {F::FORMAT_FLV,
+         {container, F::FORMAT_FLV, both, {}, {1, 1, 0, 0}, {Video(V::CODEC_ID_FLV1), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_3GP,
+         {container, F::FORMAT_3GP, {}, {}, {1, 1, 0, 0}, {Video(V::CODEC_ID_H263), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_3G2,
+         {container, F::FORMAT_3GP, {}, {}, {1, 1, 0, 0}, {Video(V::CODEC_ID_H263), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_MP3, {container, F::FORMAT_MP3, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_MP3)}}},
+        {F::FORMAT_AAC, {container, F::FORMAT_AAC, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_OGG, {IPreset::KEY_TYPE_ID, F::FORMAT_OGG, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_VORBIS)}}},
+        {F::FORMAT_FLAC, {container, F::FORMAT_FLAC, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_FLAC)}}},
+        {F::FORMAT_WAV, {container, F::FORMAT_WAV, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_PCM_S16LE)}}},
+        {F::FORMAT_MPEGTS,
+         {container,
+          F::FORMAT_MPEGTS,
+          {},
+          {},
+          {1, 16, 16, 16},
+          {Video(V::CODEC_ID_MPEG2VIDEO), Audio(A::CODEC_ID_MP2)}}},
+        {F::FORMAT_MPEG2TS,
+         {container,
+          F::FORMAT_MPEG2TS,
+          {},
+          {},
+          {1, 16, 16, 16},
+          {Video(V::CODEC_ID_MPEG2VIDEO), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_WEBM,
+         {container, F::FORMAT_MATROSKA, {}, {}, {1, 16, 16, 16}, {Video(V::CODEC_ID_VP8), Audio(A::CODEC_ID_VORBIS)}}},
+        {F::FORMAT_WMA, {container, F::FORMAT_WMA, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_WMAV2)}}},
+        {F::FORMAT_WMV,
+         {container, F::FORMAT_WMV, {}, {}, {16, 16, 16, 16}, {Video(V::CODEC_ID_WMV2), Audio(A::CODEC_ID_WMAV2)}}},
+        {F::FORMAT_SWF,
+         {container, F::FORMAT_SWF, {}, {}, {1, 1, 0, 0}, {Video(V::CODEC_ID_MJPEG), Audio(A::CODEC_ID_MP3)}}},
+        {F::FORMAT_OGV,
+         {IPreset::KEY_TYPE_ID,
+          F::FORMAT_OGV,
+          {},
+          {},
+          {1, 1, 1, 16},
+          {Video(V::CODEC_ID_THEORA), Audio(A::CODEC_ID_VORBIS)}}},
+    };
+    for (const auto& [format, expected] : cases) {
+        SCOPED_TRACE(format);
+        ExpectDefaultTree(Format(format)->GetDefaults(), expected);
+    }
+}
+
+TEST(ContainerFormat, ConstraintsAreTheSharedCodecLists) {
+    for (const auto& [format, helper] : GetAvailableDataHelpers(IPreset::KEY_FORMAT)) {
+        if (format == F::FORMAT_DVD) {
+            continue;  // adds settings of its own
+        }
+        SCOPED_TRACE(format);
+        const DataHelperFormatBase& base = AsFormatBase(*helper);
+        IDataHelper::Constraints constraints;
+        helper->GetConstraints(constraints);
+        IDataHelper::Constraints expected;
+        std::set<std::string> kinds;
+        const Property defaults = helper->GetDefaults();
+        for (const Property& stream : defaults[IPreset::KEY_STREAMS]) {
+            kinds.insert(stream[IPreset::KEY_TYPE_ID].GetString());
+        }
+        if (kinds.count(IPreset::STREAM_TYPE_VIDEO)) {
+            expected[CodecKey(IPreset::STREAM_TYPE_VIDEO, IPreset::KEY_FILTER_VIDEO_CODEC)] =
+                base.VideoCodecsConstraint();
+        }
+        if (kinds.count(IPreset::STREAM_TYPE_AUDIO)) {
+            expected[CodecKey(IPreset::STREAM_TYPE_AUDIO, IPreset::KEY_FILTER_AUDIO_CODEC)] =
+                base.AudioCodecsConstraint();
+        }
+        EXPECT_EQ(constraints, expected);
+
+        IDataHelper::RequiredObjects required = {{"kept", ""}};
+        helper->GetRequiredObjects(required);
+        EXPECT_EQ(required, (IDataHelper::RequiredObjects{{"kept", ""}}));
+    }
+}
+
+TEST(ContainerFormat, CodecListsRepairToTheDefault) {
+    struct Case {
+        std::string format;
+        bool video;
+        std::string admitted;
+        std::string rejected;
+        std::string fallback;
+    };
+    const Case cases[] = {
+        {F::FORMAT_MP4, false, A::CODEC_ID_DTS, A::CODEC_ID_VORBIS, A::CODEC_ID_AAC},
+        {F::FORMAT_MP4, true, V::CODEC_ID_MPEG4, V::CODEC_ID_THEORA, V::CODEC_ID_H264},
+        {F::FORMAT_MPEGTS, false, A::CODEC_ID_AAC, A::CODEC_ID_VORBIS, A::CODEC_ID_MP2},
+        {F::FORMAT_MPEG2TS, false, A::CODEC_ID_MP2, A::CODEC_ID_VORBIS, A::CODEC_ID_AAC},
+        {F::FORMAT_MATROSKA, true, V::CODEC_ID_DVVIDEO, V::CODEC_ID_VP8, V::CODEC_ID_H264},
+        {F::FORMAT_WEBM, true, V::CODEC_ID_VP9, V::CODEC_ID_H264, V::CODEC_ID_VP8},
+        {F::FORMAT_SWF, true, V::CODEC_ID_FLV1, V::CODEC_ID_H264, V::CODEC_ID_MJPEG},
+        {F::FORMAT_OGV, false, A::CODEC_ID_FLAC, A::CODEC_ID_AAC, A::CODEC_ID_VORBIS},
+        {F::FORMAT_M4A, false, A::CODEC_ID_ALAC, A::CODEC_ID_MP3, A::CODEC_ID_AAC},
+        {F::FORMAT_AVI, false, A::CODEC_ID_PCM_S16LE, A::CODEC_ID_AAC, A::CODEC_ID_MP3},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.format + " " + c.rejected);
+        const DataHelperFormatBase& helper = AsFormatBase(*Format(c.format));
+        const ConstraintPtr codecs = c.video ? helper.VideoCodecsConstraint() : helper.AudioCodecsConstraint();
+        EXPECT_TRUE(codecs->IsValid(Property("", c.admitted)));
+        Property value("codec", c.rejected);
+        EXPECT_FALSE(codecs->IsValid(value));
+        EXPECT_TRUE(codecs->Fixup(value));
+        EXPECT_EQ(value.GetString(), c.fallback);
+        EXPECT_EQ(value.GetName(), "codec");
+    }
+}
+
+TEST(ContainerFormat, SampleRateRules) {
+    struct Case {
+        std::string format;
+        std::string codec;
+        long long rate;
+        bool broken;
+    };
+    const Case cases[] = {
+        {F::FORMAT_MP4, A::CODEC_ID_MP3, 11025, true},  {F::FORMAT_MP4, A::CODEC_ID_MP3, 16000, false},
+        {F::FORMAT_MP4, A::CODEC_ID_AAC, 11025, false}, {F::FORMAT_FLV, A::CODEC_ID_AAC, 48000, true},
+        {F::FORMAT_FLV, A::CODEC_ID_MP3, 11025, false}, {F::FORMAT_FLV, A::CODEC_ID_VORBIS, 48000, false},
+        {F::FORMAT_SWF, A::CODEC_ID_MP3, 32000, true},  {F::FORMAT_SWF, A::CODEC_ID_MP3, 22050, false},
+        {F::FORMAT_AVI, A::CODEC_ID_MP3, 11025, false}, {F::FORMAT_MOV, A::CODEC_ID_MP3, 11025, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.format + " " + c.codec + " " + std::to_string(c.rate));
+        const std::vector<std::string> broken = BrokenRules(*Format(c.format), AudioJob(c.codec, c.rate));
+        EXPECT_EQ(broken, c.broken ? std::vector<std::string>{kSampleRatePath} : std::vector<std::string>{});
+    }
+    IDataHelper::ValidationRules rules;
+    Format(F::FORMAT_AVI)->GetValidationRules(rules);
+    EXPECT_TRUE(rules.empty());
+}
+
+TEST(ContainerFormat, AliasesAreSeparateInstances) {
+    ASSERT_EQ(GetAvailableDataHelpers(IPreset::KEY_FORMAT).size(), 44u);
+    const std::pair<std::string, std::string> aliases[] = {{F::FORMAT_IPOD, F::FORMAT_MP4},
+                                                           {F::FORMAT_3G2, F::FORMAT_3GP},
+                                                           {F::FORMAT_MPEG1VIDEO, F::FORMAT_MPEG},
+                                                           {F::FORMAT_MPEG2VIDEO, F::FORMAT_VOB}};
+    for (const auto& [alias, original] : aliases) {
+        SCOPED_TRACE(alias);
+        const DataHelperPtr copy = Format(alias);
+        const DataHelperPtr first = Format(original);
+        EXPECT_NE(copy, first);
+        EXPECT_EQ(typeid(*copy), typeid(*first));
+        EXPECT_EQ(copy->GetDefaults(), first->GetDefaults());
+    }
+}

@@ -1,0 +1,195 @@
+#include "Conf/DataHelpers/FakeConstraintConsumer.h"
+#include "Conf/Interfaces/IFormatCodecAudio.h"
+#include "Conf/Interfaces/IFormatCodecVideo.h"
+#include "FormatTestSupport.h"
+#include "Proc/IFilterFrameRate.h"
+#include "Proc/IFilterResample.h"
+#include "Proc/IResample.h"
+
+#include <boost/rational.hpp>
+#include <gtest/gtest.h>
+
+using namespace FormatTest;
+
+namespace {
+
+using A = IFormatCodecAudio;
+using V = IFormatCodecVideo;
+using F = IFormatFile;
+using Ratio = boost::rational<long long>;
+
+std::string Path(const std::string& section, const std::string& setting) {
+    return section + Property::SEPARATOR + setting;
+}
+
+const std::string kVideoCodec = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_CODEC_ID);
+const std::string kVideoBitrate = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_BITRATE);
+const std::string kAudioCodec = Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_CODEC_ID);
+const std::string kAudioBitrateMode = Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_BITRATE_MODE);
+const std::string kAudioBitrate = Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_BITRATE);
+const std::string kSampleRate =
+    Path(Path(Proc::IFilterResample::CLASS_ID, Proc::IResample::CLASS_ID), A::TAG_SAMPLE_RATE);
+const std::string kFps = Path(Proc::IFilterFrameRate::CLASS_ID, V::TAG_FPS);
+
+const std::string kStreamVideo = Path(Path(IPreset::KEY_STREAMS, "0"), IPreset::KEY_FILTER_VIDEO_CODEC);
+
+// A job that every DVD rule accepts.
+Property DvdJob() {
+    return Settings({{kVideoCodec, Property("", V::CODEC_ID_MPEG2VIDEO)},
+                     {kVideoBitrate, Property("", 6000000LL)},
+                     {kAudioCodec, Property("", A::CODEC_ID_MP2)},
+                     {kAudioBitrateMode, Property("", IFormatCodec::TAG_BITRATE_MODE_CBR)},
+                     {kAudioBitrate, Property("", 256000LL)},
+                     {kSampleRate, Property("", 48000LL)}});
+}
+
+}  // namespace
+
+TEST(DiscFormat, DefaultTrees) {
+    const std::vector<std::string> none;
+    const std::vector<std::pair<std::string, TreeDefaults>> cases = {
+        {F::FORMAT_DVD,
+         {F::TAG_CONTAINER,
+          F::FORMAT_DVD,
+          none,
+          {F::TAG_DVD_STANDARD, F::TAG_DISK_SIZE},
+          {9, 8, 32, 0},
+          {{IPreset::STREAM_TYPE_VIDEO, V::CODEC_ID_MPEG2VIDEO}, {IPreset::STREAM_TYPE_AUDIO, A::CODEC_ID_MP2}}}},
+        {F::FORMAT_VOB,
+         {IPreset::KEY_TYPE_ID,
+          F::FORMAT_MPEG2VIDEO,
+          none,
+          none,
+          {1, 16, 16, 16},
+          {{IPreset::STREAM_TYPE_VIDEO, V::CODEC_ID_MPEG2VIDEO}, {IPreset::STREAM_TYPE_AUDIO, A::CODEC_ID_MP2}}}},
+        {F::FORMAT_MPEG,
+         {IPreset::KEY_TYPE_ID,
+          F::FORMAT_MPEG1VIDEO,
+          none,
+          none,
+          {1, 16, 16, 16},
+          {{IPreset::STREAM_TYPE_VIDEO, V::CODEC_ID_MPEG1VIDEO}, {IPreset::STREAM_TYPE_AUDIO, A::CODEC_ID_MP2}}}},
+    };
+    for (const auto& [format, expected] : cases) {
+        SCOPED_TRACE(format);
+        ExpectDefaultTree(Format(format)->GetDefaults(), expected);
+    }
+    const Property dvd = Format(F::FORMAT_DVD)->GetDefaults();
+    EXPECT_EQ(dvd[F::TAG_DVD_STANDARD].GetString(), F::DVD_STANDARD_NTSC);
+    ASSERT_EQ(dvd[F::TAG_DISK_SIZE].GetType(), TYPE_INT64);
+    EXPECT_EQ(dvd[F::TAG_DISK_SIZE].GetInt64(), F::DISK_SIZE_DVD_STANDARD);
+}
+
+TEST(DiscFormat, DvdRulesAtTheirBounds) {
+    struct Case {
+        const char* name;
+        std::vector<std::pair<std::string, Property>> changes;
+        std::vector<std::string> broken;
+    };
+    const Case cases[] = {
+        {"valid job", {}, {}},
+        {"MPEG-2 at its ceiling", {{kVideoBitrate, Property("", 9800000LL)}}, {}},
+        {"MPEG-2 above its ceiling", {{kVideoBitrate, Property("", 9800001LL)}}, {kVideoBitrate}},
+        {"MPEG-2 at the floor", {{kVideoBitrate, Property("", 100000LL)}}, {}},
+        {"MPEG-2 below the floor", {{kVideoBitrate, Property("", 99999LL)}}, {kVideoBitrate}},
+        {"MPEG-1 at its ceiling",
+         {{kVideoCodec, Property("", V::CODEC_ID_MPEG1VIDEO)}, {kVideoBitrate, Property("", 1856000LL)}},
+         {}},
+        {"MPEG-1 above its ceiling",
+         {{kVideoCodec, Property("", V::CODEC_ID_MPEG1VIDEO)}, {kVideoBitrate, Property("", 2000000LL)}},
+         {kVideoBitrate}},
+        {"variable audio bit rate",
+         {{kAudioBitrateMode, Property("", IFormatCodec::TAG_BITRATE_MODE_VBR)}},
+         {kAudioBitrateMode}},
+        {"AC-3 at 192 kbit/s",
+         {{kAudioCodec, Property("", A::CODEC_ID_AC3)}, {kAudioBitrate, Property("", 192000LL)}},
+         {kAudioBitrate}},
+        {"MP2 at 44.1 kHz", {{kSampleRate, Property("", 44100LL)}}, {kSampleRate}},
+        {"audio outside the disc rules",
+         {{kAudioCodec, Property("", A::CODEC_ID_MP3)},
+          {kAudioBitrateMode, Property("", IFormatCodec::TAG_BITRATE_MODE_VBR)},
+          {kSampleRate, Property("", 44100LL)}},
+         {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Property job = DvdJob();
+        for (const auto& [path, value] : c.changes) {
+            At(job, path).CopyDataFrom(value);
+        }
+        EXPECT_EQ(BrokenRules(*Format(F::FORMAT_DVD), job), c.broken);
+    }
+}
+
+TEST(DiscFormat, DvdCorrectsOnlyTheSampleRate) {
+    Property node(A::TAG_FORMAT_CODEC_AUDIO);
+    node.SetChildT(IFormatCodec::TAG_CODEC_ID, A::CODEC_ID_MP2);
+    node.SetChildT(IFormatCodec::TAG_BITRATE_MODE, IFormatCodec::TAG_BITRATE_MODE_VBR);
+    node.SetChildT(IFormatCodec::TAG_BITRATE, 128000LL);
+    node.SetChildT(A::TAG_SAMPLE_RATE, 44100LL);
+    Property expected = node;
+    expected[A::TAG_SAMPLE_RATE] = 48000LL;
+    Format(F::FORMAT_DVD)->CorrectFormatCodec(node);
+    EXPECT_EQ(node, expected);
+}
+
+TEST(DiscFormat, DvdConstraints) {
+    IDataHelper::Constraints constraints;
+    Format(F::FORMAT_DVD)->GetConstraints(constraints);
+    ASSERT_EQ(constraints.size(), 6u);
+
+    const ConstraintPtr standard = constraints.at(F::TAG_DVD_STANDARD);
+    EXPECT_TRUE(standard->IsValid(Property("", F::DVD_STANDARD_NTSC)));
+    EXPECT_TRUE(standard->IsValid(Property("", F::DVD_STANDARD_PAL)));
+    EXPECT_FALSE(standard->IsValid(Property("", "secam")));
+
+    // Disc sizes are offered by name.
+    const auto sizes = FakeConstraintConsumer::Create();
+    constraints.at(F::TAG_DISK_SIZE)->FillValueList(sizes);
+    const Property offered = sizes->GetValue();
+    ASSERT_EQ(ChildNames(offered), (std::vector<std::string>{F::DISK_TYPE_DVD_MINI, F::DISK_TYPE_DVD_STANDARD,
+                                                             F::DISK_TYPE_DVD_DOUBLE_LAYER}));
+    EXPECT_EQ(offered[0ul].GetInt64(), F::DISK_SIZE_DVD_MINI);
+    EXPECT_EQ(offered[1ul].GetInt64(), F::DISK_SIZE_DVD_STANDARD);
+    EXPECT_EQ(offered[2ul].GetInt64(), F::DISK_SIZE_DVD_DOUBLE_LAYER);
+
+    const ConstraintPtr mode = constraints.at(Path(kStreamVideo, IFormatCodec::TAG_BITRATE_MODE));
+    EXPECT_TRUE(mode->IsValid(Property("", IFormatCodec::TAG_BITRATE_MODE_CBR_AUTO)));
+    EXPECT_TRUE(mode->IsValid(Property("", IFormatCodec::TAG_BITRATE_MODE_CBR)));
+    EXPECT_FALSE(mode->IsValid(Property("", IFormatCodec::TAG_BITRATE_MODE_VBR)));
+
+    const ConstraintPtr bitrate = constraints.at(Path(kStreamVideo, IFormatCodec::TAG_BITRATE));
+    EXPECT_TRUE(bitrate->IsValid(Property("", 100000LL)));
+    EXPECT_TRUE(bitrate->IsValid(Property("", V::MAX_VIDEO_BITRATE)));
+    EXPECT_FALSE(bitrate->IsValid(Property("", 99999LL)));
+    EXPECT_FALSE(bitrate->IsValid(Property("", V::MAX_VIDEO_BITRATE + 1)));
+}
+
+TEST(DiscFormat, ProgramStreamFrameRates) {
+    struct Case {
+        std::string format;
+        std::string codec;
+        Ratio fps;
+        bool broken;
+    };
+    const Case cases[] = {
+        {F::FORMAT_VOB, V::CODEC_ID_MPEG2VIDEO, Ratio(20), false},
+        {F::FORMAT_VOB, V::CODEC_ID_MPEG2VIDEO, Ratio(15), true},
+        {F::FORMAT_VOB, V::CODEC_ID_MPEG2VIDEO, Ratio(24000, 1001), false},
+        {F::FORMAT_VOB, V::CODEC_ID_MPEG2VIDEO, Ratio(60000, 1001), false},
+        {F::FORMAT_VOB, V::CODEC_ID_MPEG1VIDEO, Ratio(15), true},
+        {F::FORMAT_VOB, V::CODEC_ID_MPEG4, Ratio(15), false},
+        {F::FORMAT_MPEG2VIDEO, V::CODEC_ID_MPEG2VIDEO, Ratio(12), true},
+        {F::FORMAT_MPEG, V::CODEC_ID_MPEG1VIDEO, Ratio(15), true},
+        {F::FORMAT_MPEG, V::CODEC_ID_MPEG1VIDEO, Ratio(60), false},
+        {F::FORMAT_MPEG1VIDEO, V::CODEC_ID_MPEG1VIDEO, Ratio(30000, 1001), false},
+        // The MPEG-1 stream holds only MPEG-1 video to these rates.
+        {F::FORMAT_MPEG, V::CODEC_ID_MPEG2VIDEO, Ratio(15), false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.format + " " + c.codec + " " + PropertyValueToString(Property("", c.fps)));
+        const Property job = Settings({{kVideoCodec, Property("", c.codec)}, {kFps, Property("", c.fps)}});
+        EXPECT_EQ(BrokenRules(*Format(c.format), job),
+                  c.broken ? std::vector<std::string>{kFps} : std::vector<std::string>{});
+    }
+}

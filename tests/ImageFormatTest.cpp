@@ -1,0 +1,99 @@
+#include "Conf/DataHelpers/DataHelperFormatImage.h"
+#include "Conf/Interfaces/IFormatCodecVideo.h"
+#include "FormatTestSupport.h"
+#include "Proc/IFilterFrameRate.h"
+#include "Proc/SettingsFilterFrameRate.h"
+
+#include <boost/rational.hpp>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace FormatTest;
+
+namespace {
+
+using V = IFormatCodecVideo;
+using F = IFormatFile;
+using Ratio = boost::rational<long long>;
+
+TreeDefaults PictureTree(const std::string& container, const std::string& codec) {
+    return {F::TAG_CONTAINER, container, {}, {}, {1, 0, 0, 0}, {{IPreset::STREAM_TYPE_VIDEO, codec}}};
+}
+
+ConstraintPtr OnlyConstraint(const IDataHelper& helper) {
+    IDataHelper::Constraints constraints;
+    helper.GetConstraints(constraints);
+    EXPECT_EQ(constraints.size(), 1u);
+    const std::string key = IPreset::KEY_STREAMS + IPreset::INDEX + IPreset::STREAM_TYPE_VIDEO + Property::SEPARATOR +
+                            IPreset::KEY_FILTER_VIDEO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
+    return constraints.at(key);
+}
+
+}  // namespace
+
+TEST(ImageFormat, DefaultTrees) {
+    const std::pair<std::string, std::string> cases[] = {
+        {F::FORMAT_PNG, V::CODEC_ID_PNG},
+        // The generic image sequence is Motion JPEG.
+        {F::FORMAT_IMAGE2, V::CODEC_ID_MJPEG},
+        {F::FORMAT_XWD, V::CODEC_ID_XWD},
+        {F::FORMAT_GIF, V::CODEC_ID_GIF},
+    };
+    for (const auto& [format, codec] : cases) {
+        SCOPED_TRACE(format);
+        ExpectDefaultTree(Format(format)->GetDefaults(), PictureTree(format, codec));
+    }
+}
+
+TEST(ImageFormat, AdmitsOnlyItsOwnCodec) {
+    const DataHelperPtr png = DataHelperFormatImage::Create(F::FORMAT_PNG, V::CODEC_ID_PNG);
+    const DataHelperPtr tiff = DataHelperFormatImage::Create(F::FORMAT_TIFF, V::CODEC_ID_TIFF);
+    const ConstraintPtr pngCodecs = OnlyConstraint(*png);
+    const ConstraintPtr tiffCodecs = OnlyConstraint(*tiff);
+    EXPECT_NE(pngCodecs, tiffCodecs);
+    EXPECT_TRUE(pngCodecs->IsValid(Property("", V::CODEC_ID_PNG)));
+    EXPECT_FALSE(pngCodecs->IsValid(Property("", V::CODEC_ID_TIFF)));
+    EXPECT_FALSE(tiffCodecs->IsValid(Property("", V::CODEC_ID_PNG)));
+    Property codec("codec", V::CODEC_ID_MJPEG);
+    EXPECT_TRUE(pngCodecs->Fixup(codec));
+    EXPECT_EQ(codec.GetString(), V::CODEC_ID_PNG);
+    EXPECT_FALSE(OnlyConstraint(*Format(F::FORMAT_GIF))->IsValid(Property("", V::CODEC_ID_PNG)));
+}
+
+TEST(ImageFormat, KeepsItsOwnCopyOfTheContainer) {
+    auto container = std::make_unique<std::string>(F::FORMAT_BMP);
+    const DataHelperPtr bmp = DataHelperFormatImage::Create(*container, V::CODEC_ID_BMP);
+    *container = "overwritten";
+    container.reset();
+    ExpectDefaultTree(bmp->GetDefaults(), PictureTree(F::FORMAT_BMP, V::CODEC_ID_BMP));
+}
+
+TEST(ImageFormat, OnlyGifHasAFrameRateRule) {
+    const std::string fps = Proc::IFilterFrameRate::CLASS_ID + Property::SEPARATOR + V::TAG_FPS;
+    const std::string codecPath = IPreset::KEY_FILTER_VIDEO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
+    struct Case {
+        std::string codec;
+        Ratio rate;
+        bool broken;
+    };
+    const Case cases[] = {
+        {V::CODEC_ID_GIF, Ratio(24000, 1001), false},
+        {V::CODEC_ID_GIF, Proc::SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE, false},
+        {V::CODEC_ID_GIF, Ratio(8), false},
+        {V::CODEC_ID_GIF, Ratio(30), false},
+        {V::CODEC_ID_GIF, Ratio(60), true},
+        {V::CODEC_ID_GIF, Ratio(50), true},
+        {V::CODEC_ID_GIF, Ratio(7), true},
+        {V::CODEC_ID_PNG, Ratio(60), false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.codec + " " + PropertyValueToString(Property("", c.rate)));
+        const Property job = Settings({{codecPath, Property("", c.codec)}, {fps, Property("", c.rate)}});
+        EXPECT_EQ(BrokenRules(*Format(F::FORMAT_GIF), job),
+                  c.broken ? std::vector<std::string>{fps} : std::vector<std::string>{});
+    }
+    IDataHelper::ValidationRules rules;
+    Format(F::FORMAT_PNG)->GetValidationRules(rules);
+    EXPECT_TRUE(rules.empty());
+}
