@@ -130,6 +130,78 @@ void CheckName(const std::string& name, const std::string& path) {
     }
 }
 
+std::string Compact(const Json& value) { return value.dump(-1, ' ', false, Json::error_handler_t::replace); }
+
+// An object of plain values inside a list, such as {"label": "cbr", "value": "cbr"}, short enough for one line.
+bool IsShortRecord(const Json& value) {
+    constexpr std::size_t width = 80;
+    if (!value.is_object()) {
+        return false;
+    }
+    for (const auto& member : value.items()) {
+        if (member.value().is_structured() && !IsRationalForm(member.value())) {
+            return false;
+        }
+    }
+    return Compact(value).size() < width;
+}
+
+bool IsScalarList(const Json& value) {
+    for (const Json& element : value) {
+        if (element.is_structured()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Two-space indentation, like nlohmann's, except that rationals and lists of plain
+// values stay on one line: a frame rate reads {"$rational": [25, 1]}.
+void Write(const Json& value, std::size_t depth, std::string& out) {
+    const std::string indent(2 * (depth + 1), ' ');
+    if (IsRationalForm(value) && value.size() == 1) {
+        out += "{" + Compact(RATIONAL_KEY) + ": ";
+        Write(value.at(RATIONAL_KEY), depth, out);
+        out += "}";
+    } else if (value.is_object() && !value.empty()) {
+        out += "{\n";
+        std::size_t left = value.size();
+        for (const auto& member : value.items()) {
+            out += indent + Compact(member.key()) + ": ";
+            Write(member.value(), depth + 1, out);
+            out += --left == 0 ? "\n" : ",\n";
+        }
+        out += std::string(2 * depth, ' ') + "}";
+    } else if (value.is_array() && !value.empty() && !IsScalarList(value)) {
+        out += "[\n";
+        for (std::size_t i = 0; i < value.size(); ++i) {
+            out += indent;
+            if (IsShortRecord(value[i])) {
+                std::size_t left = value[i].size();
+                out += "{";
+                for (const auto& member : value[i].items()) {
+                    out += Compact(member.key()) + ": ";
+                    Write(member.value(), depth + 1, out);
+                    out += --left == 0 ? "" : ", ";
+                }
+                out += "}";
+            } else {
+                Write(value[i], depth + 1, out);
+            }
+            out += i + 1 == value.size() ? "\n" : ",\n";
+        }
+        out += std::string(2 * depth, ' ') + "]";
+    } else if (value.is_array()) {
+        out += "[";
+        for (std::size_t i = 0; i < value.size(); ++i) {
+            out += (i == 0 ? "" : ", ") + Compact(value[i]);
+        }
+        out += "]";
+    } else {
+        out += Compact(value);
+    }
+}
+
 }  // namespace
 
 InputError::InputError(const std::string& where, const std::string& message)
@@ -240,7 +312,9 @@ Json JsonFromProperty(const Core::Property& property) {
 }
 
 std::string DumpJson(const Json& value) {
-    return value.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    std::string text;
+    Write(value, 0, text);
+    return text + "\n";
 }
 
 std::string DisplayValue(const Core::Property& property) {
