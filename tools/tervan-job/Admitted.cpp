@@ -1,10 +1,9 @@
 #include "Admitted.h"
 
-#include "JobJson.h"
-
 #include "Conf/Interfaces/IConstraintConsumer.h"
 #include "Core/Localization.h"
 #include "Core/RefCount.h"
+#include "JobJson.h"
 
 #include <boost/algorithm/string/trim.hpp>
 #include <boost/intrusive_ptr.hpp>
@@ -22,7 +21,13 @@ public:
     const Admitted& Result() const { return m_admitted; }
 
     void Reset() override { m_admitted = Admitted(); }
+    // A value listed twice under one label is shown once.
     void AddValue(const std::string& label, const Core::Property& value) override {
+        for (const auto& entry : m_admitted.values) {
+            if (entry.first == label && entry.second == value) {
+                return;
+            }
+        }
         m_admitted.values.emplace_back(label, value);
     }
     void Commit() override {}

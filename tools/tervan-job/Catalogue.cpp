@@ -1,11 +1,10 @@
 #include "Catalogue.h"
 
-#include "Job.h"
-#include "JobJson.h"
-
 #include "Conf/ConfException.h"
 #include "Conf/DataHelpers/DataHelpers.h"
 #include "Conf/Interfaces/IPreset.h"
+#include "Job.h"
+#include "JobJson.h"
 #include "Proc/IFilterAudioFormatter.h"
 #include "Proc/IFilterAudioVolume.h"
 #include "Proc/IFilterDeinterlace.h"
@@ -59,8 +58,8 @@ Conf::DataHelperPtr Catalogue::Get(Kind kind, const std::string& name, const std
         }
     }
     const std::vector<std::string> names = Names(kind);
-    throw InputError(where, "unknown " + KindName(kind) + " \"" + name + "\"; expected one of: " +
-                                boost::algorithm::join(names, ", "));
+    throw InputError(where, "unknown " + KindName(kind) + " \"" + name +
+                                "\"; expected one of: " + boost::algorithm::join(names, ", "));
 }
 
 std::vector<std::string> Catalogue::Names(Kind kind) {
@@ -103,41 +102,41 @@ std::vector<std::string> Catalogue::FilterNames(bool audio) {
 
 std::string Catalogue::KindName(Kind kind) {
     switch (kind) {
-    case FORMAT:
-        return "format";
-    case AUDIO_CODEC:
-        return "audio codec";
-    case VIDEO_CODEC:
-        return "video codec";
-    case FILTER:
-        break;
+        case FORMAT:
+            return "format";
+        case AUDIO_CODEC:
+            return "audio codec";
+        case VIDEO_CODEC:
+            return "video codec";
+        case FILTER:
+            break;
     }
     return "filter";
 }
 
 const std::string& Catalogue::TypeKey(Kind kind, const std::string& name) {
     switch (kind) {
-    case FORMAT:
-        return Conf::IPreset::KEY_FORMAT;
-    case AUDIO_CODEC:
-        return Conf::IPreset::KEY_FILTER_AUDIO_CODEC;
-    case VIDEO_CODEC:
-        return Conf::IPreset::KEY_FILTER_VIDEO_CODEC;
-    case FILTER:
-        break;
+        case FORMAT:
+            return Conf::IPreset::KEY_FORMAT;
+        case AUDIO_CODEC:
+            return Conf::IPreset::KEY_FILTER_AUDIO_CODEC;
+        case VIDEO_CODEC:
+            return Conf::IPreset::KEY_FILTER_VIDEO_CODEC;
+        case FILTER:
+            break;
     }
     return name;
 }
 
 std::string HelperLabel(Catalogue::Kind kind, const std::string& name) {
     switch (kind) {
-    case Catalogue::FORMAT:
-        return "format " + name;
-    case Catalogue::AUDIO_CODEC:
-    case Catalogue::VIDEO_CODEC:
-        return "codec " + name;
-    case Catalogue::FILTER:
-        break;
+        case Catalogue::FORMAT:
+            return "format " + name;
+        case Catalogue::AUDIO_CODEC:
+        case Catalogue::VIDEO_CODEC:
+            return "codec " + name;
+        case Catalogue::FILTER:
+            break;
     }
     return "filter " + name;
 }

@@ -1,10 +1,9 @@
 #include "Job.h"
 
 #include "Catalogue.h"
-#include "StreamSides.h"
-
 #include "Conf/Interfaces/IFormatCodec.h"
 #include "Conf/Interfaces/IPreset.h"
+#include "StreamSides.h"
 
 #include <boost/algorithm/string/join.hpp>
 
@@ -52,9 +51,9 @@ void ValidateStream(const Core::Property& stream, const std::string& path, const
     const std::string& type =
         RequiredChild(stream, IPreset::KEY_TYPE_ID, TYPE_STRING, path, "the stream type").GetString();
     if (type != IPreset::STREAM_TYPE_AUDIO && type != IPreset::STREAM_TYPE_VIDEO) {
-        throw InputError(JoinPath(path, IPreset::KEY_TYPE_ID), "expected \"" + IPreset::STREAM_TYPE_AUDIO +
-                                                                   "\" or \"" + IPreset::STREAM_TYPE_VIDEO +
-                                                                   "\", found " + DisplayValue(stream[IPreset::KEY_TYPE_ID]));
+        throw InputError(JoinPath(path, IPreset::KEY_TYPE_ID), "expected \"" + IPreset::STREAM_TYPE_AUDIO + "\" or \"" +
+                                                                   IPreset::STREAM_TYPE_VIDEO + "\", found " +
+                                                                   DisplayValue(stream[IPreset::KEY_TYPE_ID]));
     }
     const bool audio = type == IPreset::STREAM_TYPE_AUDIO;
     const std::string& codecKey = audio ? IPreset::KEY_FILTER_AUDIO_CODEC : IPreset::KEY_FILTER_VIDEO_CODEC;
@@ -71,9 +70,9 @@ void ValidateStream(const Core::Property& stream, const std::string& path, const
             continue;
         }
         if (!Catalogue::IsFilter(name, audio)) {
-            throw InputError(JoinPath(path, name),
-                             "unknown filter; " + type + " streams hold " + IPreset::KEY_TYPE_ID + ", " + codecKey +
-                                 " and the filters " + boost::algorithm::join(Catalogue::FilterNames(audio), ", "));
+            throw InputError(JoinPath(path, name), "unknown filter; " + type + " streams hold " + IPreset::KEY_TYPE_ID +
+                                                       ", " + codecKey + " and the filters " +
+                                                       boost::algorithm::join(Catalogue::FilterNames(audio), ", "));
         }
         ExpectShape(child, catalogue.Get(Catalogue::FILTER, name, JoinPath(path, name))->GetDefaults(),
                     JoinPath(path, name));
@@ -106,8 +105,8 @@ const std::string& StreamRef::CodecId() const {
 
 Job JobFromJson(const Json& document) {
     if (!document.is_object()) {
-        throw InputError("", std::string("not a job: expected an object with \"") + JobKeys::FORMAT_NAME +
-                                 "\" and \"" + IPreset::KEY_FORMAT + "\"");
+        throw InputError("", std::string("not a job: expected an object with \"") + JobKeys::FORMAT_NAME + "\" and \"" +
+                                 IPreset::KEY_FORMAT + "\"");
     }
     Job job;
     bool haveName = false;

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "JobJson.h"
-
 #include "Core/Property.h"
+#include "JobJson.h"
 
 #include <string>
 #include <vector>

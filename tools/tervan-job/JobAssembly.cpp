@@ -2,7 +2,6 @@
 
 #include "Admitted.h"
 #include "Catalogue.h"
-
 #include "Conf/Interfaces/IFormatCodec.h"
 #include "Conf/Interfaces/IPreset.h"
 
@@ -13,7 +12,9 @@ namespace {
 
 using Conf::IPreset;
 
-std::string FirstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
+std::string FirstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
 
 void MergeInto(Core::Property& target, const Core::Property& source) {
     for (const Core::Property& child : source) {
@@ -37,12 +38,13 @@ void ChooseCodec(JobEditor& editor, Job& job, bool audio, const std::string& cod
             continue;
         }
         found = true;
-        const std::string codecIdPath = JoinPath(JoinPath(stream.path, stream.CodecKey()), Conf::IFormatCodec::TAG_CODEC_ID);
+        const std::string codecIdPath =
+            JoinPath(JoinPath(stream.path, stream.CodecKey()), Conf::IFormatCodec::TAG_CODEC_ID);
         editor.Helpers().Helpers().Codec(audio, codecId, option);
         for (const ConstraintSite& site : sites) {
             if (site.path == codecIdPath && !Admits(*site.constraint, Core::Property("", codecId), option)) {
-                throw InputError(option, editor.Helpers().FormatLabel() + " does not carry " + codecId + "; it carries " +
-                                             AdmittedText(Probe(*site.constraint)));
+                throw InputError(option, editor.Helpers().FormatLabel() + " does not carry " + codecId +
+                                             "; it carries " + AdmittedText(Probe(*site.constraint)));
             }
         }
         editor.ReplaceCodec(stream, codecId, "chosen");
@@ -57,8 +59,8 @@ void ValidatePresetStream(const Core::Property& stream, const std::string& path)
     const Core::Property* type = stream.FindChild(IPreset::KEY_TYPE_ID);
     if (stream.GetType() != TYPE_CONTAINER || type == nullptr || type->GetType() != TYPE_STRING ||
         (type->GetString() != IPreset::STREAM_TYPE_AUDIO && type->GetString() != IPreset::STREAM_TYPE_VIDEO)) {
-        throw InputError(path, "expected a stream with \"" + IPreset::KEY_TYPE_ID + "\" \"" + IPreset::STREAM_TYPE_AUDIO +
-                                   "\" or \"" + IPreset::STREAM_TYPE_VIDEO + "\"");
+        throw InputError(path, "expected a stream with \"" + IPreset::KEY_TYPE_ID + "\" \"" +
+                                   IPreset::STREAM_TYPE_AUDIO + "\" or \"" + IPreset::STREAM_TYPE_VIDEO + "\"");
     }
     const bool audio = type->GetString() == IPreset::STREAM_TYPE_AUDIO;
     const std::string& codecKey = audio ? IPreset::KEY_FILTER_AUDIO_CODEC : IPreset::KEY_FILTER_VIDEO_CODEC;
@@ -71,11 +73,13 @@ void ValidatePresetStream(const Core::Property& stream, const std::string& path)
         if (name == codecKey) {
             const Core::Property* id = child.FindChild(Conf::IFormatCodec::TAG_CODEC_ID);
             if (id == nullptr || id->GetType() != TYPE_STRING) {
-                throw InputError(JoinPath(childPath, Conf::IFormatCodec::TAG_CODEC_ID), "expected the codec id, a string");
+                throw InputError(JoinPath(childPath, Conf::IFormatCodec::TAG_CODEC_ID),
+                                 "expected the codec id, a string");
             }
         } else if (!Catalogue::IsFilter(name, audio)) {
-            throw InputError(childPath, "unknown filter; " + type->GetString() + " streams of a preset hold " + codecKey +
-                                            " and the filters " + boost::algorithm::join(Catalogue::FilterNames(audio), ", "));
+            throw InputError(childPath, "unknown filter; " + type->GetString() + " streams of a preset hold " +
+                                            codecKey + " and the filters " +
+                                            boost::algorithm::join(Catalogue::FilterNames(audio), ", "));
         } else if (child.GetType() != TYPE_CONTAINER) {
             throw InputError(childPath, "expected an object holding the filter's settings");
         }
@@ -115,7 +119,9 @@ void ApplyToStream(JobEditor& editor, const StreamRef& stream, const Core::Prope
         for (const Core::Property& child : preset) {
             if (Catalogue::IsFilter(child.GetName(), stream.audio)) {
                 const std::string& name = child.GetName();
-                editor.Helpers().Helpers().Get(Catalogue::FILTER, name, JoinPath(where, name))
+                editor.Helpers()
+                    .Helpers()
+                    .Get(Catalogue::FILTER, name, JoinPath(where, name))
                     ->ApplyPresetSettings(child, stream.Codec());
                 MergeInto((*stream.node)[name], child);
             }

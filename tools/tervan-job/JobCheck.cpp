@@ -1,13 +1,12 @@
 #include "JobCheck.h"
 
 #include "Admitted.h"
-#include "StreamSides.h"
-
 #include "Conf/ConfException.h"
 #include "Conf/DataHelpers/ValidationRuleCheck.h"
 #include "Conf/Interfaces/IFormatCodec.h"
 #include "Conf/Interfaces/IFormatFile.h"
 #include "Conf/Interfaces/IPreset.h"
+#include "StreamSides.h"
 
 #include <algorithm>
 #include <functional>
@@ -27,7 +26,9 @@ std::string Leaf(const std::string& path) {
     return slash == std::string::npos ? path : path.substr(slash + Core::Property::SEPARATOR.size());
 }
 
-std::string FirstSegment(const std::string& path) { return path.substr(0, path.find(Core::Property::SEPARATOR)); }
+std::string FirstSegment(const std::string& path) {
+    return path.substr(0, path.find(Core::Property::SEPARATOR));
+}
 
 std::optional<Core::Property> ValueAt(const Core::Property& root, const std::string& path) {
     if (const Core::Property* value = root.FindChildByPath(path)) {
@@ -145,7 +146,8 @@ std::vector<ConstraintSite> Governance::StreamSites(const StreamRef& stream) con
         if (Catalogue::IsFilter(child.GetName(), audio)) {
             const std::string& name = child.GetName();
             AddSites(sites, *m_catalogue.Get(Catalogue::FILTER, name, JoinPath(stream.path, name)),
-                     HelperLabel(Catalogue::FILTER, name), [&name](const std::string& key) { return JoinPath(name, key); });
+                     HelperLabel(Catalogue::FILTER, name),
+                     [&name](const std::string& key) { return JoinPath(name, key); });
         }
     }
     return sites;
@@ -178,8 +180,8 @@ bool Admits(const Conf::IPropertyConstraint& constraint, const Core::Property& v
         return constraint.IsValid(value);
     } catch (const Conf::ConstraintException& e) {
         const PropertyTypes* expected = boost::get_error_info<Conf::ConstraintException::TagValueType>(e);
-        throw InputError(path, "expected " + (expected != nullptr ? TypeName(*expected) : "another type") +
-                                   ", found " + TypeName(value.GetType()));
+        throw InputError(path, "expected " + (expected != nullptr ? TypeName(*expected) : "another type") + ", found " +
+                                   TypeName(value.GetType()));
     } catch (const Core::PropertyException&) {
         throw InputError(path, "a value of another type is expected here, found " + TypeName(value.GetType()));
     }
@@ -210,8 +212,8 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
         const Core::Property* value = stream.node->FindChildByPath(site.path);
         const std::string path = JoinPath(stream.path, site.path);
         if (value != nullptr && !Admits(*site.constraint, *value, path)) {
-            violations.push_back({path, DisplayValue(*value), ConstraintText(*site.constraint, site.name),
-                                  site.source, "", false});
+            violations.push_back(
+                {path, DisplayValue(*value), ConstraintText(*site.constraint, site.name), site.source, "", false});
         }
     }
     const Core::Property view = RuleView(*stream.node, stream.audio);
@@ -231,22 +233,22 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
         }
         const std::string path = JoinPath(stream.path, where);
         switch (result.verdict) {
-        case Conf::ValidationRuleCheck::HOLDS:
-            break;
-        case Conf::ValidationRuleCheck::BROKEN:
-            violations.push_back({path, DisplayValue(view.ChildByPath(result.path)),
-                                  ConstraintText(*rule.GetSecondConstraint(), Leaf(result.path)), site.source,
-                                  Condition(rule), false});
-            break;
-        case Conf::ValidationRuleCheck::MISSING_SETTING:
-            if (std::find(missingFilters.begin(), missingFilters.end(), FirstSegment(result.path)) ==
-                missingFilters.end()) {
-                violations.push_back({path, "", "missing; a rule reads it", site.source, Condition(rule), true});
-            }
-            break;
-        case Conf::ValidationRuleCheck::WRONG_TYPE:
-            throw InputError(path, "a value of another type is expected by a rule of " + site.source + " (" +
-                                       result.detail + ")");
+            case Conf::ValidationRuleCheck::HOLDS:
+                break;
+            case Conf::ValidationRuleCheck::BROKEN:
+                violations.push_back({path, DisplayValue(view.ChildByPath(result.path)),
+                                      ConstraintText(*rule.GetSecondConstraint(), Leaf(result.path)), site.source,
+                                      Condition(rule), false});
+                break;
+            case Conf::ValidationRuleCheck::MISSING_SETTING:
+                if (std::find(missingFilters.begin(), missingFilters.end(), FirstSegment(result.path)) ==
+                    missingFilters.end()) {
+                    violations.push_back({path, "", "missing; a rule reads it", site.source, Condition(rule), true});
+                }
+                break;
+            case Conf::ValidationRuleCheck::WRONG_TYPE:
+                throw InputError(path, "a value of another type is expected by a rule of " + site.source + " (" +
+                                           result.detail + ")");
         }
     }
     return violations;
@@ -258,8 +260,8 @@ std::vector<Violation> CheckJob(Job& job, bool strict) {
     for (const ConstraintSite& site : governance.FormatSites(job)) {
         const Core::Property* value = job.settings.FindChildByPath(site.path);
         if (value != nullptr && !Admits(*site.constraint, *value, site.path)) {
-            violations.push_back({site.path, DisplayValue(*value), ConstraintText(*site.constraint, site.name),
-                                  site.source, "", false});
+            violations.push_back(
+                {site.path, DisplayValue(*value), ConstraintText(*site.constraint, site.name), site.source, "", false});
         }
     }
     const Core::Property defaults = governance.Format()->GetDefaults();
@@ -268,13 +270,12 @@ std::vector<Violation> CheckJob(Job& job, bool strict) {
         ++counts[stream.audio ? Conf::IFormatFile::TAG_LIMITS_AUDIO : Conf::IFormatFile::TAG_LIMITS_VIDEO];
     }
     for (const auto& [kind, count] : counts) {
-        const Core::Property* limit =
-            defaults.FindChildByPath(JoinPath(Conf::IFormatFile::TAG_LIMITS, kind));
+        const Core::Property* limit = defaults.FindChildByPath(JoinPath(Conf::IFormatFile::TAG_LIMITS, kind));
         if (limit != nullptr && limit->GetType() == TYPE_INT64 && count > limit->GetInt64()) {
-            violations.push_back({IPreset::KEY_STREAMS, std::to_string(count) + " " + kind + " streams",
-                                  "the container carries at most " + std::to_string(limit->GetInt64()) + " " + kind +
-                                      " streams",
-                                  governance.FormatLabel(), "", false});
+            violations.push_back(
+                {IPreset::KEY_STREAMS, std::to_string(count) + " " + kind + " streams",
+                 "the container carries at most " + std::to_string(limit->GetInt64()) + " " + kind + " streams",
+                 governance.FormatLabel(), "", false});
         }
     }
     for (const StreamRef& stream : Streams(job)) {

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "Catalogue.h"
-#include "Job.h"
-
 #include "Conf/Interfaces/IDataHelper.h"
+#include "Job.h"
 
 #include <optional>
 #include <string>
@@ -16,7 +15,7 @@ struct ConstraintSite {
     std::string path;  // relative to the stream, or to the settings root for the format's own settings
     std::string name;  // the setting as the helper calls it
     Conf::ConstraintPtr constraint;
-    std::string source;                     // the helper that demands it, e.g. "codec aac"
+    std::string source;                      // the helper that demands it, e.g. "codec aac"
     std::optional<Core::Property> fallback;  // the helper's default for the setting
 };
 

@@ -1,12 +1,11 @@
 #include "JobFix.h"
 
 #include "Admitted.h"
-#include "StreamSides.h"
-
 #include "Conf/DataHelpers/ValidationRuleCheck.h"
 #include "Conf/Interfaces/IFormatCodec.h"
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IPreset.h"
+#include "StreamSides.h"
 
 #include <optional>
 
@@ -20,7 +19,9 @@ constexpr int MAX_ROUNDS = 4;
 const char* const MISSING = "(missing)";
 const char* const REMOVED = "(removed)";
 
-std::string FirstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
+std::string FirstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
 
 std::string Leaf(const std::string& path) {
     const std::string::size_type slash = path.rfind(Core::Property::SEPARATOR);
@@ -48,8 +49,7 @@ struct Delta {
     std::string after;
 };
 
-void Diff(const Core::Property* before, const Core::Property* after, const std::string& path,
-          std::vector<Delta>& out) {
+void Diff(const Core::Property* before, const Core::Property* after, const std::string& path, std::vector<Delta>& out) {
     if (before != nullptr && after != nullptr && before->GetType() == TYPE_CONTAINER &&
         after->GetType() == TYPE_CONTAINER) {
         for (const Core::Property& child : *before) {
@@ -111,7 +111,9 @@ std::string RepairTarget(const StreamRef& stream, const std::string& path) {
 
 }  // namespace
 
-std::string Change::Text() const { return path + ": " + before + " -> " + after + " (" + reason + ")"; }
+std::string Change::Text() const {
+    return path + ": " + before + " -> " + after + " (" + reason + ")";
+}
 
 JobEditor::JobEditor(Job& job) : m_job(job), m_governance(job) {}
 
@@ -173,9 +175,9 @@ void JobEditor::Complete(const StreamRef& stream) {
             if (stream.node->ChildExists(object.first)) {
                 continue;
             }
-            Core::Property settings =
-                m_governance.Helpers().Get(Catalogue::FILTER, object.first, JoinPath(stream.path, object.first))
-                    ->GetDefaults();
+            Core::Property settings = m_governance.Helpers()
+                                          .Get(Catalogue::FILTER, object.first, JoinPath(stream.path, object.first))
+                                          ->GetDefaults();
             settings.SetName(object.first);
             stream.node->SetChild(object.first, settings);
             reasons[JoinPath(stream.path, object.first)] = "required by " + codecLabel;
@@ -222,8 +224,8 @@ void JobEditor::KeepInStep(const StreamRef& stream) {
             }
             const Core::Property* codec = stream.node->FindChildByPath(twin.codecPath);
             const Core::Property* filter = stream.node->FindChildByPath(twin.filterPath);
-            if (codec != nullptr && (filter == nullptr || (*codec != *filter && !(m_job.automatic &&
-                                                                                  IsAutomatic(twin, *filter))))) {
+            if (codec != nullptr &&
+                (filter == nullptr || (*codec != *filter && !(m_job.automatic && IsAutomatic(twin, *filter))))) {
                 const Core::Property value = *codec;
                 SetAt(*stream.node, twin.filterPath, value);
                 reasons[JoinPath(stream.path, twin.filterPath)] =
@@ -261,7 +263,8 @@ void JobEditor::CorrectByCodec(const StreamRef& stream) {
         try {
             m_governance.Codec(stream)->CorrectFormatCodec(codec);
         } catch (const std::exception& e) {
-            Note(JoinPath(stream.path, stream.CodecKey()) + ": " + label + " cannot correct it: " + FirstLine(e.what()));
+            Note(JoinPath(stream.path, stream.CodecKey()) + ": " + label +
+                 " cannot correct it: " + FirstLine(e.what()));
             return label;
         }
         // The correction creates the settings it looks for; one it found nothing to say about stays absent.
@@ -294,7 +297,8 @@ void JobEditor::CorrectByFormat(const StreamRef& stream) {
         try {
             m_governance.Format()->CorrectFormatCodec(section);
         } catch (const std::exception& e) {
-            Note(JoinPath(stream.path, stream.CodecKey()) + ": " + label + " cannot correct it: " + FirstLine(e.what()));
+            Note(JoinPath(stream.path, stream.CodecKey()) + ": " + label +
+                 " cannot correct it: " + FirstLine(e.what()));
             return label;
         }
         stream.Codec().CopyDataFrom(section);
@@ -351,11 +355,11 @@ void JobEditor::FixRules(const StreamRef& stream) {
                 target = twin->codecPath;
             }
             Core::Property& value = *Find(*stream.node, target);
-            const auto condition = rule.GetFirstConstraint() && !firstPath.empty() ? " (" + firstPath + " is " +
-                                                                                       DisplayValue(view.ChildByPath(firstPath)) + ")"
-                                                                                 : std::string();
-            std::string reason = site.source + condition + ": " +
-                                 ConstraintText(*rule.GetSecondConstraint(), Leaf(result.path));
+            const auto condition = rule.GetFirstConstraint() && !firstPath.empty()
+                                       ? " (" + firstPath + " is " + DisplayValue(view.ChildByPath(firstPath)) + ")"
+                                       : std::string();
+            std::string reason =
+                site.source + condition + ": " + ConstraintText(*rule.GetSecondConstraint(), Leaf(result.path));
             if (Repair(*rule.GetSecondConstraint(), value, std::nullopt, reason)) {
                 reasons[JoinPath(stream.path, target)] = reason;
             }
@@ -382,10 +386,10 @@ void JobEditor::FixFormatSettings() {
                 const std::string codecPath = JoinPath(stream.path, stream.CodecKey());
                 if (site.path == JoinPath(codecPath, Conf::IFormatCodec::TAG_CODEC_ID)) {
                     const std::string codecId = stream.CodecId();
-                    reasons[codecPath] = "the defaults of " + HelperLabel(stream.audio ? Catalogue::AUDIO_CODEC
-                                                                                       : Catalogue::VIDEO_CODEC,
-                                                                          codecId) +
-                                         ", which replaced " + DisplayValue(before);
+                    reasons[codecPath] =
+                        "the defaults of " +
+                        HelperLabel(stream.audio ? Catalogue::AUDIO_CODEC : Catalogue::VIDEO_CODEC, codecId) +
+                        ", which replaced " + DisplayValue(before);
                     ReplaceCodecQuietly(stream, codecId);
                 }
             }

@@ -21,8 +21,8 @@ struct Change {
 
 struct FixReport {
     std::vector<Change> changes;
-    std::vector<std::string> notes;     // corrections that a helper refused
-    std::vector<Violation> remaining;   // what nothing could fix
+    std::vector<std::string> notes;    // corrections that a helper refused
+    std::vector<Violation> remaining;  // what nothing could fix
 };
 
 // Edits a job through its helpers and records every change with what demanded it.

@@ -18,9 +18,13 @@ namespace {
 
 constexpr std::size_t DISPLAY_WIDTH = 60;
 
-std::string Join(const std::string& path, const std::string& name) { return path.empty() ? name : path + "/" + name; }
+std::string Join(const std::string& path, const std::string& name) {
+    return path.empty() ? name : path + "/" + name;
+}
 
-std::string Where(const std::string& path) { return path.empty() ? "the document" : path; }
+std::string Where(const std::string& path) {
+    return path.empty() ? "the document" : path;
+}
 
 // nlohmann prefixes its messages with "[json.exception.parse_error.101] "; a person needs the rest.
 std::string WithoutExceptionId(const std::string& message) {
@@ -38,34 +42,34 @@ class ParseGuard {
 public:
     bool operator()(int, Json::parse_event_t event, Json& parsed) {
         switch (event) {
-        case Json::parse_event_t::object_start:
-        case Json::parse_event_t::array_start:
-            if (m_segments.size() >= JsonLimits::MAX_DEPTH) {
-                throw InputError(Where(Path()),
-                                 "nested deeper than " + std::to_string(JsonLimits::MAX_DEPTH) + " levels");
+            case Json::parse_event_t::object_start:
+            case Json::parse_event_t::array_start:
+                if (m_segments.size() >= JsonLimits::MAX_DEPTH) {
+                    throw InputError(Where(Path()),
+                                     "nested deeper than " + std::to_string(JsonLimits::MAX_DEPTH) + " levels");
+                }
+                m_segments.emplace_back();
+                m_keys.emplace_back();
+                break;
+            case Json::parse_event_t::key: {
+                const std::string& key = parsed.get_ref<const std::string&>();
+                m_segments.back() = key;
+                if (!m_keys.back().insert(key).second) {
+                    throw InputError(Path(), "duplicate key; every name in an object must be unique");
+                }
+                if (m_keys.back().size() > JsonLimits::MAX_CHILDREN) {
+                    throw InputError(Where(Path()), "more than " + std::to_string(JsonLimits::MAX_CHILDREN) +
+                                                        " members in one object");
+                }
+                break;
             }
-            m_segments.emplace_back();
-            m_keys.emplace_back();
-            break;
-        case Json::parse_event_t::key: {
-            const std::string& key = parsed.get_ref<const std::string&>();
-            m_segments.back() = key;
-            if (!m_keys.back().insert(key).second) {
-                throw InputError(Path(), "duplicate key; every name in an object must be unique");
-            }
-            if (m_keys.back().size() > JsonLimits::MAX_CHILDREN) {
-                throw InputError(Where(Path()), "more than " + std::to_string(JsonLimits::MAX_CHILDREN) +
-                                                    " members in one object");
-            }
-            break;
-        }
-        case Json::parse_event_t::object_end:
-        case Json::parse_event_t::array_end:
-            m_segments.pop_back();
-            m_keys.pop_back();
-            break;
-        case Json::parse_event_t::value:
-            break;
+            case Json::parse_event_t::object_end:
+            case Json::parse_event_t::array_end:
+                m_segments.pop_back();
+                m_keys.pop_back();
+                break;
+            case Json::parse_event_t::value:
+                break;
         }
         return true;
     }
@@ -93,16 +97,18 @@ private:
 long long RationalTerm(const Json& term, const std::string& path) {
     // The most negative value has no positive counterpart, which normalising needs.
     const bool representable =
-        term.is_number_unsigned() ? term.get<std::uint64_t>() <= std::uint64_t(std::numeric_limits<long long>::max())
-                                  : term.is_number_integer() &&
-                                        term.get<std::int64_t>() != std::numeric_limits<std::int64_t>::min();
+        term.is_number_unsigned()
+            ? term.get<std::uint64_t>() <= std::uint64_t(std::numeric_limits<long long>::max())
+            : term.is_number_integer() && term.get<std::int64_t>() != std::numeric_limits<std::int64_t>::min();
     if (!representable) {
         ThrowBadRational(path);
     }
     return term.get<long long>();
 }
 
-bool IsRationalForm(const Json& value) { return value.is_object() && value.contains(RATIONAL_KEY); }
+bool IsRationalForm(const Json& value) {
+    return value.is_object() && value.contains(RATIONAL_KEY);
+}
 
 Core::Property RationalFromJson(const Json& value, const std::string& name, const std::string& path) {
     const Json& terms = value.at(RATIONAL_KEY);
@@ -130,7 +136,9 @@ void CheckName(const std::string& name, const std::string& path) {
     }
 }
 
-std::string Compact(const Json& value) { return value.dump(-1, ' ', false, Json::error_handler_t::replace); }
+std::string Compact(const Json& value) {
+    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
 
 // An object of plain values inside a list, such as {"label": "cbr", "value": "cbr"}, short enough for one line.
 bool IsShortRecord(const Json& value) {
@@ -248,61 +256,61 @@ std::string ReadTextFile(const std::string& file) {
 
 Core::Property PropertyFromJson(const Json& value, const std::string& name, const std::string& path) {
     switch (value.type()) {
-    case Json::value_t::boolean:
-        return Core::Property(name, value.get<bool>());
-    case Json::value_t::number_integer:
-        return Core::Property(name, value.get<long long>());
-    case Json::value_t::number_unsigned:
-        if (value.get<std::uint64_t>() > std::uint64_t(std::numeric_limits<long long>::max())) {
-            throw InputError(path, "integer out of the signed 64-bit range");
+        case Json::value_t::boolean:
+            return Core::Property(name, value.get<bool>());
+        case Json::value_t::number_integer:
+            return Core::Property(name, value.get<long long>());
+        case Json::value_t::number_unsigned:
+            if (value.get<std::uint64_t>() > std::uint64_t(std::numeric_limits<long long>::max())) {
+                throw InputError(path, "integer out of the signed 64-bit range");
+            }
+            return Core::Property(name, value.get<long long>());
+        case Json::value_t::number_float:
+            if (!std::isfinite(value.get<double>())) {
+                throw InputError(path, "number out of the floating-point range");
+            }
+            return Core::Property(name, value.get<double>());
+        case Json::value_t::string:
+            return Core::Property(name, value.get_ref<const std::string&>());
+        case Json::value_t::object: {
+            if (IsRationalForm(value)) {
+                return RationalFromJson(value, name, path);
+            }
+            Core::Property container(name);
+            for (const auto& member : value.items()) {
+                const std::string childPath = Join(path, member.key());
+                CheckName(member.key(), childPath);
+                container.SetChild(member.key(), PropertyFromJson(member.value(), member.key(), childPath));
+            }
+            return container;
         }
-        return Core::Property(name, value.get<long long>());
-    case Json::value_t::number_float:
-        if (!std::isfinite(value.get<double>())) {
-            throw InputError(path, "number out of the floating-point range");
-        }
-        return Core::Property(name, value.get<double>());
-    case Json::value_t::string:
-        return Core::Property(name, value.get_ref<const std::string&>());
-    case Json::value_t::object: {
-        if (IsRationalForm(value)) {
-            return RationalFromJson(value, name, path);
-        }
-        Core::Property container(name);
-        for (const auto& member : value.items()) {
-            const std::string childPath = Join(path, member.key());
-            CheckName(member.key(), childPath);
-            container.SetChild(member.key(), PropertyFromJson(member.value(), member.key(), childPath));
-        }
-        return container;
-    }
-    case Json::value_t::array:
-        throw InputError(Where(path), std::string("expected a value or an object; arrays appear only in {\"") +
-                                          RATIONAL_KEY + "\": [numerator, denominator]}");
-    case Json::value_t::null:
-    case Json::value_t::binary:
-    case Json::value_t::discarded:
-        break;
+        case Json::value_t::array:
+            throw InputError(Where(path), std::string("expected a value or an object; arrays appear only in {\"") +
+                                              RATIONAL_KEY + "\": [numerator, denominator]}");
+        case Json::value_t::null:
+        case Json::value_t::binary:
+        case Json::value_t::discarded:
+            break;
     }
     throw InputError(Where(path), "expected a value or an object, found null");
 }
 
 Json JsonFromProperty(const Core::Property& property) {
     switch (property.GetType()) {
-    case TYPE_BOOL:
-        return property.GetBool();
-    case TYPE_DOUBLE:
-        return property.GetDouble();
-    case TYPE_INT64:
-        return property.GetInt64();
-    case TYPE_STRING:
-        return property.GetString();
-    case TYPE_RATIONAL: {
-        const Core::Property::Ratio ratio = property.GetRatio();
-        return Json{{RATIONAL_KEY, Json::array({ratio.numerator(), ratio.denominator()})}};
-    }
-    case TYPE_CONTAINER:
-        break;
+        case TYPE_BOOL:
+            return property.GetBool();
+        case TYPE_DOUBLE:
+            return property.GetDouble();
+        case TYPE_INT64:
+            return property.GetInt64();
+        case TYPE_STRING:
+            return property.GetString();
+        case TYPE_RATIONAL: {
+            const Core::Property::Ratio ratio = property.GetRatio();
+            return Json{{RATIONAL_KEY, Json::array({ratio.numerator(), ratio.denominator()})}};
+        }
+        case TYPE_CONTAINER:
+            break;
     }
     Json object = Json::object();
     for (const Core::Property& child : property) {
@@ -331,18 +339,18 @@ std::string DisplayValue(const Core::Property& property) {
 
 std::string TypeName(PropertyTypes type) {
     switch (type) {
-    case TYPE_BOOL:
-        return "a boolean";
-    case TYPE_DOUBLE:
-        return "a floating-point number";
-    case TYPE_INT64:
-        return "an integer";
-    case TYPE_STRING:
-        return "a string";
-    case TYPE_RATIONAL:
-        return std::string("a rational {\"") + RATIONAL_KEY + "\": [numerator, denominator]}";
-    case TYPE_CONTAINER:
-        break;
+        case TYPE_BOOL:
+            return "a boolean";
+        case TYPE_DOUBLE:
+            return "a floating-point number";
+        case TYPE_INT64:
+            return "an integer";
+        case TYPE_STRING:
+            return "a string";
+        case TYPE_RATIONAL:
+            return std::string("a rational {\"") + RATIONAL_KEY + "\": [numerator, denominator]}";
+        case TYPE_CONTAINER:
+            break;
     }
     return "an object";
 }

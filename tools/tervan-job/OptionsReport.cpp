@@ -1,7 +1,6 @@
 #include "OptionsReport.h"
 
 #include "Admitted.h"
-
 #include "Conf/Interfaces/IPreset.h"
 #include "Core/Localization.h"
 
@@ -29,7 +28,8 @@ struct Rule {
 
 void CollectLeaves(const Core::Property& node, const std::string& path, std::vector<Setting>& out) {
     for (const Core::Property& child : node) {
-        const std::string childPath = path.empty() ? child.GetName() : path + Core::Property::SEPARATOR + child.GetName();
+        const std::string childPath =
+            path.empty() ? child.GetName() : path + Core::Property::SEPARATOR + child.GetName();
         if (child.GetType() == TYPE_CONTAINER) {
             CollectLeaves(child, childPath, out);
         } else {
@@ -84,8 +84,7 @@ std::string Description(const Conf::IPropertyConstraint& constraint, const std::
     } catch (const std::exception&) {
         return {};
     }
-    return description.empty() ? description
-                               : Core::GetLocalizationManagerForDomain("core").Translate(description);
+    return description.empty() ? description : Core::GetLocalizationManagerForDomain("core").Translate(description);
 }
 
 // What a person is shown: "must be" and the admitted values or range, else the constraint's words.
@@ -104,33 +103,33 @@ std::string Condition(const Conf::ConstraintPtr& constraint) {
 
 std::string Scope(Catalogue::Kind kind) {
     switch (kind) {
-    case Catalogue::FORMAT:
-        return "paths from the format node; " + IPreset::KEY_STREAMS + IPreset::INDEX +
-               "TYPE/... means that path in every stream of that type";
-    case Catalogue::AUDIO_CODEC:
-        return "paths from the stream's " + IPreset::KEY_FILTER_AUDIO_CODEC + " node";
-    case Catalogue::VIDEO_CODEC:
-        return "paths from the stream's " + IPreset::KEY_FILTER_VIDEO_CODEC + " node";
-    case Catalogue::FILTER:
-        break;
+        case Catalogue::FORMAT:
+            return "paths from the format node; " + IPreset::KEY_STREAMS + IPreset::INDEX +
+                   "TYPE/... means that path in every stream of that type";
+        case Catalogue::AUDIO_CODEC:
+            return "paths from the stream's " + IPreset::KEY_FILTER_AUDIO_CODEC + " node";
+        case Catalogue::VIDEO_CODEC:
+            return "paths from the stream's " + IPreset::KEY_FILTER_VIDEO_CODEC + " node";
+        case Catalogue::FILTER:
+            break;
     }
     return "paths from the filter's node";
 }
 
 const char* JsonTypeName(PropertyTypes type) {
     switch (type) {
-    case TYPE_BOOL:
-        return "bool";
-    case TYPE_DOUBLE:
-        return "double";
-    case TYPE_INT64:
-        return "int64";
-    case TYPE_STRING:
-        return "string";
-    case TYPE_RATIONAL:
-        return "rational";
-    case TYPE_CONTAINER:
-        break;
+        case TYPE_BOOL:
+            return "bool";
+        case TYPE_DOUBLE:
+            return "double";
+        case TYPE_INT64:
+            return "int64";
+        case TYPE_STRING:
+            return "string";
+        case TYPE_RATIONAL:
+            return "rational";
+        case TYPE_CONTAINER:
+            break;
     }
     return "object";
 }

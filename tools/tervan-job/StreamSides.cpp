@@ -34,8 +34,8 @@ std::vector<Twin> BuildTwins() {
     const std::string& resize = Proc::IFilterResize::CLASS_ID;
     // media is audio, codec side, filter side, type, kept in step, filter's automatic value
     return {
-        {true, Path({&audioCodec, &A::TAG_SAMPLE_RATE}), Path({&resample, &Proc::IResample::CLASS_ID, &A::TAG_SAMPLE_RATE}),
-         TYPE_INT64, true, &autoRate},
+        {true, Path({&audioCodec, &A::TAG_SAMPLE_RATE}),
+         Path({&resample, &Proc::IResample::CLASS_ID, &A::TAG_SAMPLE_RATE}), TYPE_INT64, true, &autoRate},
         {true, Path({&audioCodec, &A::TAG_SAMPLE_FORMAT}),
          Path({&resample, &Proc::IResample::CLASS_ID, &A::TAG_SAMPLE_FORMAT}), TYPE_STRING, true, nullptr},
         {true, Path({&audioCodec, &A::TAG_LAYOUT}), Path({&resample, &Proc::IResample::CLASS_ID, &A::TAG_LAYOUT}),
@@ -44,8 +44,8 @@ std::vector<Twin> BuildTwins() {
          TYPE_INT64, true, nullptr},
         {false, Path({&videoCodec, &V::TAG_HEIGHT}), Path({&resize, &Proc::IResize::CLASS_ID, &V::TAG_HEIGHT}),
          TYPE_INT64, true, nullptr},
-        {false, Path({&videoCodec, &V::TAG_FPS}), Path({&Proc::IFilterFrameRate::CLASS_ID, &V::TAG_FPS}),
-         TYPE_RATIONAL, true, &autoFrameRate},
+        {false, Path({&videoCodec, &V::TAG_FPS}), Path({&Proc::IFilterFrameRate::CLASS_ID, &V::TAG_FPS}), TYPE_RATIONAL,
+         true, &autoFrameRate},
         {false, Path({&videoCodec, &V::TAG_ASPECTX}), Path({&resize, &Proc::IResize::CLASS_ID, &V::TAG_ASPECTX}),
          TYPE_INT64, false, nullptr},
         {false, Path({&videoCodec, &V::TAG_ASPECTY}), Path({&resize, &Proc::IResize::CLASS_ID, &V::TAG_ASPECTY}),

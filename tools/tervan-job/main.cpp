@@ -56,7 +56,9 @@ private:
     std::string m_command;
 };
 
-std::string Usage(const Command& command) { return std::string("Usage: ") + PROGRAM + " " + command.synopsis; }
+std::string Usage(const Command& command) {
+    return std::string("Usage: ") + PROGRAM + " " + command.synopsis;
+}
 
 void PrintToolHelp(std::ostream& out) {
     out << "Usage: " << PROGRAM << " [--help] [--version] COMMAND [ARGS]\n\n"
@@ -190,7 +192,8 @@ int RunList(const std::vector<std::string>& args) {
         }
     }
     if (!listed) {
-        throw UsageError(command.name, "unknown kind '" + wanted.front() + "'; expected formats, audio, video or filters");
+        throw UsageError(command.name,
+                         "unknown kind '" + wanted.front() + "'; expected formats, audio, video or filters");
     }
     return EXIT_VALID;
 }
@@ -220,10 +223,10 @@ int RunNew(const std::vector<std::string>& args) {
 
 int RunCheck(const std::vector<std::string>& args) {
     const Command& command = CommandNamed("check");
-    const auto values = ParseCommand(
-        command, args, po::options_description("Options"), {{"job", 1}},
-        "\nEach violation is one line: path = value: what is demanded [who demands it, and when].\n"
-        "Descriptions are translated when LANGUAGE or LANG names a language with a catalog.\n");
+    const auto values =
+        ParseCommand(command, args, po::options_description("Options"), {{"job", 1}},
+                     "\nEach violation is one line: path = value: what is demanded [who demands it, and when].\n"
+                     "Descriptions are translated when LANGUAGE or LANG names a language with a catalog.\n");
     if (!values) {
         return EXIT_VALID;
     }
@@ -267,7 +270,7 @@ int RunOptions(const std::vector<std::string>& args) {
     }
     const std::string kindName = (*values)["kind"].as<std::string>();
     const std::pair<const char*, Catalogue::Kind> kinds[] = {
-        {"format", Catalogue::FORMAT},       {"formats", Catalogue::FORMAT}, {"audio", Catalogue::AUDIO_CODEC},
+        {"format", Catalogue::FORMAT},     {"formats", Catalogue::FORMAT}, {"audio", Catalogue::AUDIO_CODEC},
         {"video", Catalogue::VIDEO_CODEC}, {"filter", Catalogue::FILTER},  {"filters", Catalogue::FILTER}};
     for (const auto& [name, kind] : kinds) {
         if (kindName == name) {
@@ -285,12 +288,12 @@ int RunApply(const std::vector<std::string>& args) {
     const Command& command = CommandNamed("apply");
     po::options_description options = OutputOption();
     options.add_options()("stream", po::value<std::string>()->value_name("N"), "apply to stream N only");
-    const auto values = ParseCommand(
-        command, args, options, {{"preset", 1}, {"job", 1}},
-        "\nA preset has a job's shape: {\"format\": {\"streams\": {...}}}, each stream with its type,\n"
-        "a codec node and filter settings. A job stream takes the preset stream of its name when\n"
-        "that has its type, else the first preset stream of its type. The job, then corrected,\n"
-        "goes to standard output (or FILE); every change goes to standard error.\n");
+    const auto values =
+        ParseCommand(command, args, options, {{"preset", 1}, {"job", 1}},
+                     "\nA preset has a job's shape: {\"format\": {\"streams\": {...}}}, each stream with its type,\n"
+                     "a codec node and filter settings. A job stream takes the preset stream of its name when\n"
+                     "that has its type, else the first preset stream of its type. The job, then corrected,\n"
+                     "goes to standard output (or FILE); every change goes to standard error.\n");
     if (!values) {
         return EXIT_VALID;
     }
@@ -336,8 +339,8 @@ int Run(int argc, char** argv) {
     }
     const std::vector<std::string> rest(commandAt + 1, arguments.end());
     const std::pair<const char*, std::function<int(const std::vector<std::string>&)>> runners[] = {
-        {"list", RunList}, {"new", RunNew}, {"check", RunCheck}, {"fix", RunFix}, {"options", RunOptions},
-        {"apply", RunApply}};
+        {"list", RunList}, {"new", RunNew},         {"check", RunCheck},
+        {"fix", RunFix},   {"options", RunOptions}, {"apply", RunApply}};
     for (const auto& [name, run] : runners) {
         if (*commandAt == name) {
             return run(rest);
@@ -346,7 +349,9 @@ int Run(int argc, char** argv) {
     throw UsageError("", "unknown command '" + *commandAt + "'");
 }
 
-std::string FirstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
+std::string FirstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
 
 }  // namespace
 
