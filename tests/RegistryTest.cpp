@@ -55,7 +55,7 @@ TEST(Registry, UnknownNameUnderKnownTypeCarriesBothTagsAndStack) {
 }
 
 TEST(Registry, UnknownTypeIsClassNotFound) {
-    for (const std::string type : {std::string(), std::string("no such type")}) {
+    for (const std::string& type : {std::string(), std::string("no such type")}) {
         SCOPED_TRACE(type);
         const HelperException e = CaptureCreate(type, IFormatCodecAudio::CODEC_ID_MP3);
         ASSERT_NE(Info<HelperException::TagClassIsNotFound>(e), nullptr);
@@ -127,11 +127,11 @@ TEST(Registry, DefaultsSatisfyTheirOwnConstraints) {
 
 TEST(Registry, FormatDefaultsNameAdmittedCodecs) {
     const std::string audioKey = IPreset::KEY_STREAMS + IPreset::INDEX + IPreset::STREAM_TYPE_AUDIO +
-                                 Core::Property::SEPARATOR + IPreset::KEY_FILTER_AUDIO_CODEC + Core::Property::SEPARATOR +
-                                 IFormatCodec::TAG_CODEC_ID;
+                                 Core::Property::SEPARATOR + IPreset::KEY_FILTER_AUDIO_CODEC +
+                                 Core::Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
     const std::string videoKey = IPreset::KEY_STREAMS + IPreset::INDEX + IPreset::STREAM_TYPE_VIDEO +
-                                 Core::Property::SEPARATOR + IPreset::KEY_FILTER_VIDEO_CODEC + Core::Property::SEPARATOR +
-                                 IFormatCodec::TAG_CODEC_ID;
+                                 Core::Property::SEPARATOR + IPreset::KEY_FILTER_VIDEO_CODEC +
+                                 Core::Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
     for (const auto& [name, helper] : GetAvailableDataHelpers(IPreset::KEY_FORMAT)) {
         SCOPED_TRACE(name);
         const Core::Property defaults = helper->GetDefaults();

@@ -9,7 +9,9 @@
 namespace Tervan::Conf {
 namespace {
 
-int Channels(const std::string& layout) { return LayoutRecord::Find(LayoutRecord::Find(layout).layout).channels; }
+int Channels(const std::string& layout) {
+    return LayoutRecord::Find(LayoutRecord::Find(layout).layout).channels;
+}
 
 }  // namespace
 
@@ -17,7 +19,8 @@ ConstraintChannelLayout::ConstraintChannelLayout(std::vector<std::string> layout
 
 ConstraintChannelLayout::~ConstraintChannelLayout() = default;
 
-boost::intrusive_ptr<const IPropertyConstraint> ConstraintChannelLayout::Create(const std::vector<std::string>& layouts) {
+boost::intrusive_ptr<const IPropertyConstraint> ConstraintChannelLayout::Create(
+    const std::vector<std::string>& layouts) {
     return new ConstraintChannelLayout(layouts);
 }
 
@@ -73,6 +76,8 @@ void ConstraintChannelLayout::FillValueList(const boost::intrusive_ptr<IConstrai
     consumer->Commit();
 }
 
-std::string ConstraintChannelLayout::Description(const std::string& /*name*/) const { return {}; }
+std::string ConstraintChannelLayout::Description(const std::string& /*name*/) const {
+    return {};
+}
 
 }  // namespace Tervan::Conf

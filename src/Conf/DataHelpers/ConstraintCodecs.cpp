@@ -48,6 +48,8 @@ void ConstraintCodecs::FillValueList(const boost::intrusive_ptr<IConstraintConsu
     consumer->Commit();
 }
 
-std::string ConstraintCodecs::Description(const std::string& /*name*/) const { return {}; }
+std::string ConstraintCodecs::Description(const std::string& /*name*/) const {
+    return {};
+}
 
 }  // namespace Tervan::Conf

@@ -26,14 +26,22 @@ bool ConstraintMethod::IsEven(const Core::Property& value) {
     return value.GetType() == TYPE_INT64 && (value.GetInt64() & 1) == 0;
 }
 
-bool ConstraintMethod::AlwaysTrue(const Core::Property& /*value*/) { return true; }
+bool ConstraintMethod::AlwaysTrue(const Core::Property& /*value*/) {
+    return true;
+}
 
 void ConstraintMethod::FillValueList(const boost::intrusive_ptr<IConstraintConsumer>& /*consumer*/) const {}
 
-bool ConstraintMethod::IsValid(const Core::Property& value) const { return !m_predicate.empty() && m_predicate(value); }
+bool ConstraintMethod::IsValid(const Core::Property& value) const {
+    return !m_predicate.empty() && m_predicate(value);
+}
 
-bool ConstraintMethod::Fixup(Core::Property& value) const { return IsValid(value); }
+bool ConstraintMethod::Fixup(Core::Property& value) const {
+    return IsValid(value);
+}
 
-std::string ConstraintMethod::Description(const std::string& /*name*/) const { return m_description; }
+std::string ConstraintMethod::Description(const std::string& /*name*/) const {
+    return m_description;
+}
 
 }  // namespace Tervan::Conf

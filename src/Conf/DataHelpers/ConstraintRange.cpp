@@ -29,16 +29,16 @@ boost::intrusive_ptr<const IPropertyConstraint> ConstraintRange::Create(long lon
 
 bool ConstraintRange::IsValid(const Core::Property& value) const {
     switch (m_type) {
-    case TYPE_INT64: {
-        const long long v = value.GetInt64();
-        return m_lower.GetInt64() <= v && v <= m_upper.GetInt64();
-    }
-    case TYPE_DOUBLE: {
-        const double v = value.GetDouble();
-        return v >= m_lower.GetDouble() && m_upper.GetDouble() >= v;
-    }
-    default:
-        ThrowNotApplicable(m_type);
+        case TYPE_INT64: {
+            const long long v = value.GetInt64();
+            return m_lower.GetInt64() <= v && v <= m_upper.GetInt64();
+        }
+        case TYPE_DOUBLE: {
+            const double v = value.GetDouble();
+            return v >= m_lower.GetDouble() && m_upper.GetDouble() >= v;
+        }
+        default:
+            ThrowNotApplicable(m_type);
     }
 }
 
@@ -62,25 +62,27 @@ bool ConstraintRange::Fixup(Core::Property& value) const {
 
 void ConstraintRange::FillValueList(const boost::intrusive_ptr<IConstraintConsumer>& consumer) const {
     switch (m_type) {
-    case TYPE_DOUBLE:
-        consumer->SetMinValue(m_lower.GetDouble());
-        consumer->SetMaxValue(m_upper.GetDouble());
-        if (m_step.GetDouble() != 0.0) {
-            consumer->SetStep(m_step.GetDouble());
-        }
-        break;
-    case TYPE_INT64:
-        consumer->SetMinValue(m_lower.GetInt64());
-        consumer->SetMaxValue(m_upper.GetInt64());
-        if (m_step.GetInt64() != 0) {
-            consumer->SetStep(m_step.GetInt64());
-        }
-        break;
-    default:
-        ThrowNotApplicable(m_type);
+        case TYPE_DOUBLE:
+            consumer->SetMinValue(m_lower.GetDouble());
+            consumer->SetMaxValue(m_upper.GetDouble());
+            if (m_step.GetDouble() != 0.0) {
+                consumer->SetStep(m_step.GetDouble());
+            }
+            break;
+        case TYPE_INT64:
+            consumer->SetMinValue(m_lower.GetInt64());
+            consumer->SetMaxValue(m_upper.GetInt64());
+            if (m_step.GetInt64() != 0) {
+                consumer->SetStep(m_step.GetInt64());
+            }
+            break;
+        default:
+            ThrowNotApplicable(m_type);
     }
 }
 
-std::string ConstraintRange::Description(const std::string& /*name*/) const { return {}; }
+std::string ConstraintRange::Description(const std::string& /*name*/) const {
+    return {};
+}
 
 }  // namespace Tervan::Conf

@@ -24,7 +24,8 @@ ConstraintSampleFormat::ConstraintSampleFormat(const std::vector<SampleFormats>&
 
 ConstraintSampleFormat::~ConstraintSampleFormat() = default;
 
-boost::intrusive_ptr<const IPropertyConstraint> ConstraintSampleFormat::Create(const std::vector<SampleFormats>& formats) {
+boost::intrusive_ptr<const IPropertyConstraint> ConstraintSampleFormat::Create(
+    const std::vector<SampleFormats>& formats) {
     return new ConstraintSampleFormat(formats);
 }
 
@@ -74,6 +75,8 @@ void ConstraintSampleFormat::FillValueList(const boost::intrusive_ptr<IConstrain
     consumer->Commit();
 }
 
-std::string ConstraintSampleFormat::Description(const std::string& /*name*/) const { return {}; }
+std::string ConstraintSampleFormat::Description(const std::string& /*name*/) const {
+    return {};
+}
 
 }  // namespace Tervan::Conf

@@ -15,8 +15,9 @@ namespace {
 double AsDouble(const Core::Property& value) {
     if (value.GetType() == TYPE_RATIONAL) {
         const auto ratio = value.GetRatio();
-        return ratio.denominator() > 0 ? static_cast<double>(ratio.numerator()) / static_cast<double>(ratio.denominator())
-                                       : 0.0;
+        return ratio.denominator() > 0
+                   ? static_cast<double>(ratio.numerator()) / static_cast<double>(ratio.denominator())
+                   : 0.0;
     }
     return value.GetDouble();
 }
@@ -26,8 +27,9 @@ double Distance(PropertyTypes type, const Core::Property& entry, const Core::Pro
         // Taken in 64-bit integers (unsigned, so that no difference overflows), then converted.
         const long long a = entry.GetInt64();
         const long long b = value.GetInt64();
-        const unsigned long long difference = a >= b ? static_cast<unsigned long long>(a) - static_cast<unsigned long long>(b)
-                                                     : static_cast<unsigned long long>(b) - static_cast<unsigned long long>(a);
+        const unsigned long long difference =
+            a >= b ? static_cast<unsigned long long>(a) - static_cast<unsigned long long>(b)
+                   : static_cast<unsigned long long>(b) - static_cast<unsigned long long>(a);
         return static_cast<double>(difference);
     }
     return std::fabs(AsDouble(entry) - AsDouble(value));
@@ -132,8 +134,8 @@ bool ConstraintSet::Fixup(Core::Property& value) const {
 }
 
 std::string ConstraintSet::Description(const std::string& name) const {
-    std::string text = Core::GetLocalizationManagerForDomain("core").Translate(
-        "Parameter %1 must be one of the following values: %2");
+    std::string text =
+        Core::GetLocalizationManagerForDomain("core").Translate("Parameter %1 must be one of the following values: %2");
     boost::algorithm::replace_all(text, "%1", name);
     if (m_entries.empty()) {
         return text;

@@ -79,10 +79,71 @@ void CopyTyped(const Core::Property& from, Core::Property& to, const CopiedSetti
     }
 }
 
+// A preset may leave a setting out; correction restores it from the defaults.
+void CopyIfPresent(const Core::Property& from, Core::Property& to, const std::string& tag) {
+    if (const Core::Property* value = from.FindChild(tag)) {
+        to.SetChild(tag, *value);
+    }
+}
+
 std::string FrameRateLabel(const boost::rational<long long>& rate) {
     std::ostringstream label;
     label << std::setprecision(5) << boost::rational_cast<double>(rate);
     return label.str();
+}
+
+void ApplyVideoPreset(const Core::Property& preset, Core::Property& out, const std::string& codecId) {
+    out.SetChildT(IFormatCodec::TAG_CODEC_ID, codecId);
+    const std::string& mode = preset[IFormatCodec::TAG_BITRATE_MODE].GetString();
+    for (const CopiedSetting& setting : kCopiedVideoSettings) {
+        if (preset.ChildExists(*setting.tag)) {
+            CopyTyped(preset, out, setting);
+        }
+    }
+    // The frame comes from the caller's tree; only the derived bitrates need it.
+    const auto defaultBitrate = [&codecId, &out](int quality) {
+        const Core::Property& frame = out;
+        return GetDefaultVideoBitrate(
+            codecId, frame[IFormatCodecVideo::TAG_WIDTH].GetInt64(), frame[IFormatCodecVideo::TAG_HEIGHT].GetInt64(),
+            boost::rational_cast<double>(frame[IFormatCodecVideo::TAG_FPS].GetRatio()), quality);
+    };
+    if (mode == IFormatCodec::TAG_BITRATE_MODE_CBR) {
+        out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, mode);
+        CopyIfPresent(preset, out, IFormatCodec::TAG_BITRATE);
+    } else if (mode == IFormatCodec::TAG_BITRATE_MODE_VBR) {
+        out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, mode);
+        if (!preset.ChildExists(IFormatCodec::TAG_QUALITY)) {
+            BOOST_THROW_EXCEPTION(HelperError("Quality is required for VBR bitrate mode"));
+        }
+        const long long quality = preset[IFormatCodec::TAG_QUALITY].GetInt64();
+        out.SetChildT(IFormatCodec::TAG_QUALITY, quality);
+        out.SetChildT(IFormatCodec::TAG_BITRATE, defaultBitrate(static_cast<int>(quality)));
+    } else if (mode == IFormatCodec::TAG_BITRATE_MODE_CBR_AUTO) {
+        // Stored as plain CBR on purpose: the encoder knows no automatic mode.
+        out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, IFormatCodec::TAG_BITRATE_MODE_CBR);
+        out.SetChildT(IFormatCodec::TAG_BITRATE, defaultBitrate(-1));
+    } else {
+        BOOST_THROW_EXCEPTION(HelperError("Unknown bitrate mode"));
+    }
+    out.SetChildT(IFormatCodecVideo::TAG_BITS_PER_PIXEL, 0LL);
+    CopyIfPresent(preset, out, IFormatCodecVideo::TAG_BITS_PER_PIXEL);
+}
+
+void ApplyAudioPreset(const Core::Property& preset, Core::Property& out, const std::string& codecId) {
+    out.SetChildT(IFormatCodec::TAG_CODEC_ID, codecId);
+    const std::string& mode = preset[IFormatCodec::TAG_BITRATE_MODE].GetString();
+    if (mode == IFormatCodec::TAG_BITRATE_MODE_CBR) {
+        out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, mode);
+        CopyIfPresent(preset, out, IFormatCodec::TAG_BITRATE);
+    } else if (mode == IFormatCodec::TAG_BITRATE_MODE_VBR) {
+        out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, mode);
+        CopyIfPresent(preset, out, IFormatCodec::TAG_QUALITY);
+    } else if (mode == IFormatCodec::TAG_BITRATE_MODE_CBR_AUTO) {
+        // The bitrate is left to correction.
+        out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, IFormatCodec::TAG_BITRATE_MODE_CBR);
+    } else {
+        BOOST_THROW_EXCEPTION(HelperError("Unknown bitrate mode"));
+    }
 }
 
 }  // namespace
@@ -179,59 +240,9 @@ void DataHelperCodecFFMPEG::ApplyPresetSettings(const Core::Property& preset, Co
             HelperError("Incompatible preset codec id: " + presetCodecId + ", required " + m_codecId));
     }
     if (m_mediaType == MEDIA_TYPE_VIDEO) {
-        out.SetChildT(IFormatCodec::TAG_CODEC_ID, m_codecId);
-        const std::string& mode = preset[IFormatCodec::TAG_BITRATE_MODE].GetString();
-        for (const CopiedSetting& setting : kCopiedVideoSettings) {
-            if (preset.ChildExists(*setting.tag)) {
-                CopyTyped(preset, out, setting);
-            }
-        }
-        // The frame comes from the caller's tree; only the derived bitrates need it.
-        const auto defaultBitrate = [this, &out](int quality) {
-            const Core::Property& frame = out;
-            return GetDefaultVideoBitrate(m_codecId, frame[IFormatCodecVideo::TAG_WIDTH].GetInt64(),
-                                          frame[IFormatCodecVideo::TAG_HEIGHT].GetInt64(),
-                                          boost::rational_cast<double>(frame[IFormatCodecVideo::TAG_FPS].GetRatio()),
-                                          quality);
-        };
-        if (mode == IFormatCodec::TAG_BITRATE_MODE_CBR) {
-            out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, mode);
-            out.SetChild(IFormatCodec::TAG_BITRATE, preset[IFormatCodec::TAG_BITRATE]);
-        } else if (mode == IFormatCodec::TAG_BITRATE_MODE_VBR) {
-            out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, mode);
-            if (!preset.ChildExists(IFormatCodec::TAG_QUALITY)) {
-                BOOST_THROW_EXCEPTION(HelperError("Quality is required for VBR bitrate mode"));
-            }
-            const long long quality = preset[IFormatCodec::TAG_QUALITY].GetInt64();
-            out.SetChildT(IFormatCodec::TAG_QUALITY, quality);
-            out.SetChildT(IFormatCodec::TAG_BITRATE, defaultBitrate(static_cast<int>(quality)));
-        } else if (mode == IFormatCodec::TAG_BITRATE_MODE_CBR_AUTO) {
-            // Stored as plain CBR on purpose: the encoder knows no automatic mode.
-            out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, IFormatCodec::TAG_BITRATE_MODE_CBR);
-            out.SetChildT(IFormatCodec::TAG_BITRATE, defaultBitrate(-1));
-        } else {
-            BOOST_THROW_EXCEPTION(HelperError("Unknown bitrate mode"));
-        }
-        if (preset.ChildExists(IFormatCodecVideo::TAG_BITS_PER_PIXEL)) {
-            out.SetChild(IFormatCodecVideo::TAG_BITS_PER_PIXEL, preset[IFormatCodecVideo::TAG_BITS_PER_PIXEL]);
-        } else {
-            out.SetChildT(IFormatCodecVideo::TAG_BITS_PER_PIXEL, 0LL);
-        }
+        ApplyVideoPreset(preset, out, m_codecId);
     } else if (m_mediaType == MEDIA_TYPE_AUDIO) {
-        out.SetChildT(IFormatCodec::TAG_CODEC_ID, m_codecId);
-        const std::string& mode = preset[IFormatCodec::TAG_BITRATE_MODE].GetString();
-        if (mode == IFormatCodec::TAG_BITRATE_MODE_CBR) {
-            out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, mode);
-            out.SetChild(IFormatCodec::TAG_BITRATE, preset[IFormatCodec::TAG_BITRATE]);
-        } else if (mode == IFormatCodec::TAG_BITRATE_MODE_VBR) {
-            out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, mode);
-            out.SetChild(IFormatCodec::TAG_QUALITY, preset[IFormatCodec::TAG_QUALITY]);
-        } else if (mode == IFormatCodec::TAG_BITRATE_MODE_CBR_AUTO) {
-            // The bitrate is left to correction.
-            out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, IFormatCodec::TAG_BITRATE_MODE_CBR);
-        } else {
-            BOOST_THROW_EXCEPTION(HelperError("Unknown bitrate mode"));
-        }
+        ApplyAudioPreset(preset, out, m_codecId);
     } else {
         BOOST_THROW_EXCEPTION(HelperError("Unknown stream type"));
     }

@@ -6,7 +6,7 @@
 
 namespace Tervan::Conf {
 
-// MPEG-4 Part 2: constant bitrate only, with a choice of profile.
+// MPEG-4 Visual: constant bitrate only, with a choice of profile.
 class TERVAN_API DataHelperVideoCodecMpeg4 : public DataHelperVideoCodecBase {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();

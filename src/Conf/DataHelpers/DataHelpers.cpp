@@ -233,7 +233,8 @@ const IDataHelper::DataHelperMap& GetAvailableDataHelpers(const std::string& typ
     if (const IDataHelper::DataHelperMap* table = FindTable(type)) {
         return *table;
     }
-    BOOST_THROW_EXCEPTION(HelperException() << HelperException::TagClassIsNotFound(type));
+    BOOST_THROW_EXCEPTION(HelperException() << HelperException::TagClassIsNotFound(type)
+                                            << Exception::TagDescription("No helper table for type \"" + type + "\""));
 }
 
 const boost::intrusive_ptr<const IDataHelper> CreateDataHelper(const std::string& type, const std::string& name) {
@@ -244,7 +245,8 @@ const boost::intrusive_ptr<const IDataHelper> CreateDataHelper(const std::string
         }
         // Paired as the contract states: the known type under TagClassIsFound, the missing name under TagTypeIsNotFound.
         BOOST_THROW_EXCEPTION(Core::AddStack(HelperException() << HelperException::TagClassIsFound(type)
-                                                               << HelperException::TagTypeIsNotFound(name)));
+                                                               << HelperException::TagTypeIsNotFound(name)
+                                                               << Exception::TagDescription("No helper \"" + name + "\" of type \"" + type + "\"")));
     }
     auto alias = formatFilterMap.find(type);
     if (alias != formatFilterMap.end()) {
@@ -254,7 +256,8 @@ const boost::intrusive_ptr<const IDataHelper> CreateDataHelper(const std::string
     if (filter != filterHelpers.end()) {
         return filter->second;
     }
-    BOOST_THROW_EXCEPTION(Core::AddStack(HelperException() << HelperException::TagClassIsNotFound(type)));
+    BOOST_THROW_EXCEPTION(Core::AddStack(HelperException() << HelperException::TagClassIsNotFound(type)
+                                                           << Exception::TagDescription("Unknown helper type \"" + type + "\"")));
 }
 
 void DataHelpersTest(const std::string& type) {

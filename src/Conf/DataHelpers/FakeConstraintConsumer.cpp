@@ -10,7 +10,9 @@ FakeConstraintConsumer::FakeConstraintConsumer() = default;
 
 FakeConstraintConsumer::~FakeConstraintConsumer() = default;
 
-boost::intrusive_ptr<FakeConstraintConsumer> FakeConstraintConsumer::Create() { return new FakeConstraintConsumer(); }
+boost::intrusive_ptr<FakeConstraintConsumer> FakeConstraintConsumer::Create() {
+    return new FakeConstraintConsumer();
+}
 
 void FakeConstraintConsumer::Reset() {
     m_values.RemoveAll();
@@ -47,7 +49,9 @@ void FakeConstraintConsumer::SetMinValue(long long value) {
 // A double range keeps no step on purpose: its middle is never snapped.
 void FakeConstraintConsumer::SetStep(double /*value*/) {}
 
-void FakeConstraintConsumer::SetStep(long long value) { m_step = value; }
+void FakeConstraintConsumer::SetStep(long long value) {
+    m_step = value;
+}
 
 Core::Property FakeConstraintConsumer::GetValue() const {
     if (m_values.GetType() != TYPE_CONTAINER || !m_values.GetName().empty() || m_values.Count() > 0) {

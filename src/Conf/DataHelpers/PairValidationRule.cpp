@@ -24,15 +24,20 @@ boost::intrusive_ptr<IValidationRule> PairValidationRule::Create(
 // noexcept on purpose: a rule built with a path that does not exist, or with a
 // constraint of another type, is a programming error that ends the process.
 bool PairValidationRule::IsValid(const Core::Property& settings) const noexcept {
-    if (!m_firstConstraint->IsValid(settings.ChildByPath(m_firstPath))) {
+    const bool tiedToFirst = m_firstConstraint && !m_firstPath.empty();
+    if (tiedToFirst && !m_firstConstraint->IsValid(settings.ChildByPath(m_firstPath))) {
         return true;
     }
     return m_secondConstraint->IsValid(settings.ChildByPath(m_secondPath));
 }
 
-std::string PairValidationRule::GetFirstPath() const { return m_firstPath; }
+std::string PairValidationRule::GetFirstPath() const {
+    return m_firstPath;
+}
 
-std::string PairValidationRule::GetSecondPath() const { return m_secondPath; }
+std::string PairValidationRule::GetSecondPath() const {
+    return m_secondPath;
+}
 
 boost::intrusive_ptr<const IPropertyConstraint> PairValidationRule::GetFirstConstraint() const {
     return m_firstConstraint;

@@ -11,13 +11,14 @@ namespace Tervan::Conf {
 
 // "When the first setting satisfies the first constraint, the second must satisfy
 // the second." IsValid throws nothing: a missing setting or a type mismatch ends the
-// process, so evaluate rules on untrusted trees with EvaluateValidationRule.
+// process, so evaluate rules on untrusted trees with ValidationRuleCheck::Evaluate.
+// A rule without a first constraint or first path is tied to no other setting and
+// always demands the second.
 class TERVAN_API PairValidationRule : public RefCounted<IValidationRule> {
 public:
-    static boost::intrusive_ptr<IValidationRule> Create(const std::string& firstPath,
-                                                        boost::intrusive_ptr<const IPropertyConstraint> firstConstraint,
-                                                        const std::string& secondPath,
-                                                        boost::intrusive_ptr<const IPropertyConstraint> secondConstraint);
+    static boost::intrusive_ptr<IValidationRule> Create(
+        const std::string& firstPath, boost::intrusive_ptr<const IPropertyConstraint> firstConstraint,
+        const std::string& secondPath, boost::intrusive_ptr<const IPropertyConstraint> secondConstraint);
 
     bool IsValid(const Core::Property& settings) const noexcept override;
     std::string GetFirstPath() const override;

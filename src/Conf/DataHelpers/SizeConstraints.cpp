@@ -20,7 +20,9 @@ bool SizeConstraints::IsValid(const Core::Property& value) const {
     return value.GetType() == TYPE_STRING && value.GetString() == Proc::IResize::FRAME_SIZE_CUSTOM;
 }
 
-bool SizeConstraints::Fixup(Core::Property& value) const { return IsValid(value); }
+bool SizeConstraints::Fixup(Core::Property& value) const {
+    return IsValid(value);
+}
 
 void SizeConstraints::FillValueList(const boost::intrusive_ptr<IConstraintConsumer>& consumer) const {
     for (const auto& [width, height] : m_sizes) {
@@ -32,6 +34,8 @@ void SizeConstraints::FillValueList(const boost::intrusive_ptr<IConstraintConsum
     consumer->Commit();
 }
 
-std::string SizeConstraints::Description(const std::string& /*name*/) const { return {}; }
+std::string SizeConstraints::Description(const std::string& /*name*/) const {
+    return {};
+}
 
 }  // namespace Tervan::Conf

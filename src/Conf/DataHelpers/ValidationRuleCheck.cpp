@@ -7,19 +7,26 @@ namespace {
 
 enum class Judgement { SATISFIED, UNSATISFIED, WRONG_TYPE };
 
-Judgement Judge(const IPropertyConstraint& constraint, const Core::Property& value, std::string& detail) {
+// detail is set only for WRONG_TYPE.
+Judgement Judge(const IPropertyConstraint& constraint, const std::string& path, const Core::Property& value,
+                std::string& detail) {
+    const std::string held = path + " holds a value of type " + std::to_string(value.GetType());
     try {
         return constraint.IsValid(value) ? Judgement::SATISFIED : Judgement::UNSATISFIED;
+    } catch (const FormatException&) {
+        // A layout or sample format the vocabulary does not know is simply not admitted.
+        return Judgement::UNSATISFIED;
     } catch (const ConstraintException& e) {
-        detail = "value of type " + std::to_string(value.GetType()) + " where type " +
-                 (boost::get_error_info<ConstraintException::TagValueType>(e) != nullptr
-                      ? std::to_string(*boost::get_error_info<ConstraintException::TagValueType>(e))
-                      : std::string("another")) +
-                 " is expected";
+        const auto* expected = boost::get_error_info<ConstraintException::TagValueType>(e);
+        detail = held + " where type " + (expected != nullptr ? std::to_string(*expected) : "another") + " is expected";
     } catch (const Core::PropertyException&) {
-        detail = "value of type " + std::to_string(value.GetType()) + " cannot be read as the constraint's type";
+        detail = held + " that its constraint cannot read";
     }
     return Judgement::WRONG_TYPE;
+}
+
+std::string Said(const std::string& path, const Core::Property& value) {
+    return path + " is " + Core::PropertyValueToString(value);
 }
 
 ValidationRuleCheck Make(ValidationRuleCheck::Verdict verdict, const std::string& path, std::string detail) {
@@ -35,6 +42,8 @@ ValidationRuleCheck Make(ValidationRuleCheck::Verdict verdict, const std::string
 ValidationRuleCheck ValidationRuleCheck::Evaluate(const IValidationRule& rule, const Core::Property& settings) {
     const std::string firstPath = rule.GetFirstPath();
     const auto firstConstraint = rule.GetFirstConstraint();
+    // Why the second setting is asked at all, for the detail line.
+    std::string because;
     // A rule tied to no other setting always applies.
     if (firstConstraint && !firstPath.empty()) {
         const Core::Property* first = settings.FindChildByPath(firstPath);
@@ -42,13 +51,14 @@ ValidationRuleCheck ValidationRuleCheck::Evaluate(const IValidationRule& rule, c
             return Make(MISSING_SETTING, firstPath, "missing setting " + firstPath);
         }
         std::string detail;
-        switch (Judge(*firstConstraint, *first, detail)) {
-        case Judgement::UNSATISFIED:
-            return Make(HOLDS, firstPath, {});
-        case Judgement::WRONG_TYPE:
-            return Make(WRONG_TYPE, firstPath, detail);
-        case Judgement::SATISFIED:
-            break;
+        switch (Judge(*firstConstraint, firstPath, *first, detail)) {
+            case Judgement::UNSATISFIED:
+                return Make(HOLDS, firstPath, "does not apply while " + Said(firstPath, *first));
+            case Judgement::WRONG_TYPE:
+                return Make(WRONG_TYPE, firstPath, detail);
+            case Judgement::SATISFIED:
+                because = " while " + Said(firstPath, *first);
+                break;
         }
     }
     const std::string secondPath = rule.GetSecondPath();
@@ -58,21 +68,18 @@ ValidationRuleCheck ValidationRuleCheck::Evaluate(const IValidationRule& rule, c
         return Make(MISSING_SETTING, secondPath, "missing setting " + secondPath);
     }
     if (!secondConstraint) {
-        return Make(HOLDS, secondPath, {});
+        return Make(HOLDS, secondPath, "nothing is required of " + secondPath);
     }
     std::string detail;
-    switch (Judge(*secondConstraint, *second, detail)) {
-    case Judgement::SATISFIED:
-        return Make(HOLDS, secondPath, {});
-    case Judgement::WRONG_TYPE:
-        return Make(WRONG_TYPE, secondPath, detail);
-    case Judgement::UNSATISFIED:
-        break;
+    switch (Judge(*secondConstraint, secondPath, *second, detail)) {
+        case Judgement::SATISFIED:
+            return Make(HOLDS, secondPath, Said(secondPath, *second) + ", as admitted" + because);
+        case Judgement::WRONG_TYPE:
+            return Make(WRONG_TYPE, secondPath, detail);
+        case Judgement::UNSATISFIED:
+            break;
     }
-    return Make(BROKEN, secondPath,
-                   firstPath.empty() ? secondPath + " is not admitted"
-                                     : secondPath + " is not admitted when " + firstPath + " is " +
-                                           Core::PropertyValueToString(settings.ChildByPath(firstPath)));
+    return Make(BROKEN, secondPath, Said(secondPath, *second) + ", not admitted" + because);
 }
 
 }  // namespace Tervan::Conf

@@ -1,0 +1,131 @@
+#include "Conf/DataHelpers/ConstraintMethod.h"
+#include "Conf/DataHelpers/ConstraintSampleFormat.h"
+#include "Conf/DataHelpers/ConstraintSet.h"
+#include "Conf/DataHelpers/PairValidationRule.h"
+#include "Conf/DataHelpers/SizeConstraints.h"
+#include "Conf/DataHelpers/ValidationRuleCheck.h"
+#include "Conf/Interfaces/IFormatCodecVideo.h"
+#include "Proc/IResize.h"
+#include "RecordingConsumer.h"
+
+#include <gtest/gtest.h>
+
+using namespace Tervan;
+using namespace Tervan::Conf;
+using Core::Property;
+using Calls = std::vector<std::string>;
+
+namespace {
+
+// codec/id in {h263} implies frame/width in {176, 352}.
+boost::intrusive_ptr<IValidationRule> SampleRule() {
+    return PairValidationRule::Create("codec/id", ConstraintSet::Create(PairList<std::string>{{"h263", "h263"}}),
+                                      "frame/width",
+                                      ConstraintSet::Create(PairList<long long>{{"176", 176}, {"352", 352}}));
+}
+
+Property Job(const char* codec, long long width) {
+    Property job("job");
+    job.SetChild("codec").SetChildT("id", std::string(codec));
+    job.SetChild("frame").SetChildT("width", width);
+    return job;
+}
+
+}  // namespace
+
+TEST(SizeConstraints, ListsSizesAsFrameSizeModeNodes) {
+    const auto sizes = SizeConstraints::Create({{640, 480}, {1280, 720}});
+    auto consumer = RecordingConsumer::Create();
+    sizes->FillValueList(consumer);
+    ASSERT_EQ(consumer->calls.size(), 3u);
+    EXPECT_EQ(consumer->calls[0].substr(0, 18), "AddValue 640 x 480");
+    EXPECT_EQ(consumer->calls[1].substr(0, 19), "AddValue 1280 x 720");
+    EXPECT_EQ(consumer->calls[2], "Commit");
+    EXPECT_EQ(consumer->values[1].GetName(), Proc::IResize::FRAME_SIZE_MODE);
+    EXPECT_EQ(consumer->values[1][IFormatCodecVideo::TAG_WIDTH].GetInt64(), 1280);
+    EXPECT_EQ(consumer->values[1][IFormatCodecVideo::TAG_HEIGHT].GetInt64(), 720);
+}
+
+TEST(SizeConstraints, OnlyTheCustomModeIsValid) {
+    const auto sizes = SizeConstraints::Create({{640, 480}});
+    EXPECT_FALSE(sizes->IsValid(Property("", 640)));
+    EXPECT_TRUE(sizes->IsValid(Property("", Proc::IResize::FRAME_SIZE_CUSTOM)));
+    EXPECT_FALSE(sizes->IsValid(Property("", Proc::IResize::FRAME_SIZE_ORIGINAL)));
+    Property mode("m", "640 x 480");
+    EXPECT_FALSE(sizes->Fixup(mode));
+    EXPECT_EQ(mode.GetString(), "640 x 480");
+    EXPECT_EQ(sizes->Description("m"), "");
+}
+
+TEST(PairValidationRule, IsAnImplication) {
+    const auto rule = SampleRule();
+    EXPECT_TRUE(rule->IsValid(Job("h263", 352)));
+    EXPECT_FALSE(rule->IsValid(Job("h263", 320)));
+    EXPECT_TRUE(rule->IsValid(Job("mpeg4", 320)));
+    // The second path is not even looked at when the first constraint fails.
+    Property noFrame("job");
+    noFrame.SetChild("codec").SetChildT("id", std::string("mpeg4"));
+    EXPECT_TRUE(rule->IsValid(noFrame));
+    EXPECT_EQ(rule->GetFirstPath(), "codec/id");
+    EXPECT_EQ(rule->GetSecondPath(), "frame/width");
+}
+
+TEST(ValidationRuleCheck, VerdictsOnUntrustedTrees) {
+    struct Case {
+        const char* name;
+        Property job;
+        ValidationRuleCheck::Verdict verdict;
+        const char* path;
+    };
+    Property missingFrame("job");
+    missingFrame.SetChild("codec").SetChildT("id", std::string("h263"));
+    Property wrongFirstType = Job("h263", 352);
+    wrongFirstType["codec"]["id"] = 263;
+    Property wrongSecondType = Job("h263", 352);
+    wrongSecondType["frame"]["width"] = 352.0;
+    const Case cases[] = {
+        {"holds", Job("h263", 176), ValidationRuleCheck::HOLDS, "frame/width"},
+        {"other codec", Job("vp8", 1), ValidationRuleCheck::HOLDS, "codec/id"},
+        {"broken", Job("h263", 320), ValidationRuleCheck::BROKEN, "frame/width"},
+        {"missing first", Property("job"), ValidationRuleCheck::MISSING_SETTING, "codec/id"},
+        {"missing second", missingFrame, ValidationRuleCheck::MISSING_SETTING, "frame/width"},
+        {"wrong first type", wrongFirstType, ValidationRuleCheck::WRONG_TYPE, "codec/id"},
+        {"wrong second type", wrongSecondType, ValidationRuleCheck::WRONG_TYPE, "frame/width"},
+    };
+    const auto rule = SampleRule();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const ValidationRuleCheck check = ValidationRuleCheck::Evaluate(*rule, c.job);
+        EXPECT_EQ(check.verdict, c.verdict);
+        EXPECT_EQ(check.path, c.path);
+        EXPECT_NE(check.detail.find(c.path), std::string::npos) << check.detail;
+    }
+    EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, Job("h263", 320)).detail,
+              "frame/width is 320, not admitted while codec/id is h263");
+}
+
+TEST(ValidationRuleCheck, RuleTiedToNoSettingAlwaysApplies) {
+    const auto evenWidth = ConstraintMethod::CreateEven(IPropertyConstraint::DESCRIPTION_ID_EVEN_SIZE);
+    const auto anyCodec = ConstraintMethod::CreateAlwaysTrue("");
+    // Without a first constraint the first path is not even looked up.
+    const boost::intrusive_ptr<IValidationRule> rules[] = {
+        PairValidationRule::Create("", nullptr, "frame/width", evenWidth),
+        PairValidationRule::Create("no/such/setting", nullptr, "frame/width", evenWidth),
+        PairValidationRule::Create("", anyCodec, "frame/width", evenWidth),
+    };
+    for (const auto& rule : rules) {
+        SCOPED_TRACE(rule->GetFirstPath());
+        EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, Job("x", 720)).verdict, ValidationRuleCheck::HOLDS);
+        EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, Job("x", 721)).verdict, ValidationRuleCheck::BROKEN);
+        EXPECT_TRUE(rule->IsValid(Job("x", 720)));
+        EXPECT_FALSE(rule->IsValid(Job("x", 721)));
+    }
+}
+
+TEST(ValidationRuleCheck, UnknownSampleFormatIsNotAdmitted) {
+    const auto rule =
+        PairValidationRule::Create("", nullptr, "audio/fmt", ConstraintSampleFormat::Create({SAMPLE_FMT_S16}));
+    Property job("job");
+    job.SetChild("audio").SetChildT("fmt", std::string("s24le"));
+    EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, job).verdict, ValidationRuleCheck::BROKEN);
+}
