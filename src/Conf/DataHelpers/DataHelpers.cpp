@@ -280,10 +280,11 @@ const boost::intrusive_ptr<const IDataHelper> CreateDataHelper(const std::string
         if (it != table->end()) {
             return it->second;
         }
-        // Paired as the contract states: the known type under TagClassIsFound, the missing name under TagTypeIsNotFound.
-        BOOST_THROW_EXCEPTION(Core::AddStack(HelperException() << HelperException::TagClassIsFound(type)
-                                                               << HelperException::TagTypeIsNotFound(name)
-                                                               << Exception::TagDescription("No helper \"" + name + "\" of type \"" + type + "\"")));
+        // Paired as the contract states: the known type under TagClassIsFound, the missing name under
+        // TagTypeIsNotFound.
+        BOOST_THROW_EXCEPTION(Core::AddStack(
+            HelperException() << HelperException::TagClassIsFound(type) << HelperException::TagTypeIsNotFound(name)
+                              << Exception::TagDescription("No helper \"" + name + "\" of type \"" + type + "\"")));
     }
     auto alias = formatFilterMap.find(type);
     if (alias != formatFilterMap.end()) {
@@ -293,8 +294,9 @@ const boost::intrusive_ptr<const IDataHelper> CreateDataHelper(const std::string
     if (filter != filterHelpers.end()) {
         return filter->second;
     }
-    BOOST_THROW_EXCEPTION(Core::AddStack(HelperException() << HelperException::TagClassIsNotFound(type)
-                                                           << Exception::TagDescription("Unknown helper type \"" + type + "\"")));
+    BOOST_THROW_EXCEPTION(Core::AddStack(HelperException()
+                                         << HelperException::TagClassIsNotFound(type)
+                                         << Exception::TagDescription("Unknown helper type \"" + type + "\"")));
 }
 
 void DataHelpersTest(const std::string& type) {
