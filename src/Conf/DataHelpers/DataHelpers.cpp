@@ -41,6 +41,7 @@
 #include "Conf/DataHelpers/DataHelperFormatWebm.h"
 #include "Conf/DataHelpers/DataHelperFormatWma.h"
 #include "Conf/DataHelpers/DataHelperFormatWmv.h"
+#include "Conf/DataHelpers/DataHelperProxyAuto.h"
 #include "Conf/DataHelpers/DataHelperVideoCodecFlv1.h"
 #include "Conf/DataHelpers/DataHelperVideoCodecH263.h"
 #include "Conf/DataHelpers/DataHelperVideoCodecImageBase.h"
@@ -297,6 +298,13 @@ const boost::intrusive_ptr<const IDataHelper> CreateDataHelper(const std::string
     BOOST_THROW_EXCEPTION(Core::AddStack(HelperException()
                                          << HelperException::TagClassIsNotFound(type)
                                          << Exception::TagDescription("Unknown helper type \"" + type + "\"")));
+}
+
+boost::intrusive_ptr<const IDataHelper> CreateDataHelperAuto(const std::string& type, const std::string& name) {
+    if (type == IPreset::KEY_FILTER_AUDIO_CODEC && name == IFormatCodecAudio::CODEC_ID_AC3) {
+        return DataHelperAudioCodecEmpty::Create(IFormatCodecAudio::CODEC_ID_AC3);
+    }
+    return DataHelperProxyAuto::Create(type, CreateDataHelper(type, name));
 }
 
 void DataHelpersTest(const std::string& type) {

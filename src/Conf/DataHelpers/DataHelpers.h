@@ -22,5 +22,11 @@ TERVAN_API const Tervan::Conf::IDataHelper::DataHelperMap& GetAvailableDataHelpe
 TERVAN_API const boost::intrusive_ptr<const Tervan::Conf::IDataHelper> CreateDataHelper(const std::string& type,
                                                                                         const std::string& name);
 
+// A new proxy per call around CreateDataHelper's helper, admitting automatic values;
+// AC-3 audio gets a new empty-codec helper instead, so the automatic path offers no
+// settings for it. CreateDataHelper's exceptions pass through.
+TERVAN_API boost::intrusive_ptr<const Tervan::Conf::IDataHelper> CreateDataHelperAuto(const std::string& type,
+                                                                                      const std::string& name);
+
 // Asks every helper of a table for its constraints; any exception reaches the caller.
 TERVAN_API void DataHelpersTest(const std::string& type);
