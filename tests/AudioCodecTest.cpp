@@ -210,6 +210,9 @@ TEST(AudioCodec, VorbisSnapsToTheNearestOperatingPoint) {
         {A::TAG_CH_LAYOUT_MONO, 8000, 256000, A::TAG_CH_LAYOUT_STEREO, 16000, 192000},
         {A::TAG_CH_LAYOUT_STEREO, 96000, 128000, A::TAG_CH_LAYOUT_STEREO, 48000, 128000},
         {A::TAG_CH_LAYOUT_5POINT1, 44100, 128000, A::TAG_CH_LAYOUT_5POINT1, 44100, 192000},
+        // Dropping a channel, or moving the rate, costs more than raising the bitrate.
+        {A::TAG_CH_LAYOUT_7POINT1, 48000, 64000, A::TAG_CH_LAYOUT_7POINT1, 48000, 256000},
+        {A::TAG_CH_LAYOUT_MONO, 8000, 160000, A::TAG_CH_LAYOUT_MONO, 11025, 48000},
     };
     const DataHelperPtr vorbis = AudioHelper(A::CODEC_ID_VORBIS);
     for (const Case& c : cases) {
