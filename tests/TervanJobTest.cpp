@@ -4,13 +4,13 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <sys/wait.h>
-
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <sys/wait.h>
 #include <vector>
 
 using namespace Tervan::Conf;
@@ -77,7 +77,9 @@ protected:
     fs::path m_dir;
 };
 
-bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+bool Contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
 
 }  // namespace
 
@@ -123,7 +125,8 @@ TEST_F(TervanJob, ListsTheRegistry) {
         std::size_t count;
         const char* member;
     };
-    const Case cases[] = {{"formats", 44, "matroska"}, {"audio", 25, "pcm_s16le"}, {"video", 30, "h264"}, {"filters", 7, "resize"}};
+    const Case cases[] = {
+        {"formats", 44, "matroska"}, {"audio", 25, "pcm_s16le"}, {"video", 30, "h264"}, {"filters", 7, "resize"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.kind);
         const Outcome outcome = Run(std::string("list ") + c.kind);
@@ -213,8 +216,9 @@ TEST_F(TervanJob, OptionsForH264ListTheTenPresetsInOrder) {
     EXPECT_EQ(document["rules"][0]["then"]["path"], "video_codec/encoder_options/profile");
 
     const Outcome text = Run("options video h264");
-    EXPECT_TRUE(Contains(text.out, "  encoder_options/preset = \"faster\": must be one of: ultrafast, superfast, "
-                                   "veryfast, faster, fast, medium, slow, slower, veryslow, placebo\n"))
+    EXPECT_TRUE(Contains(text.out,
+                         "  encoder_options/preset = \"faster\": must be one of: ultrafast, superfast, "
+                         "veryfast, faster, fast, medium, slow, slower, veryslow, placebo\n"))
         << text.out;
 }
 
@@ -239,4 +243,289 @@ TEST_F(TervanJob, OptionsShowRangesLabelsAndPredicates) {
     }
     EXPECT_TRUE(seen);
     EXPECT_EQ(Run("options audio opus").status, 2);
+}
+
+TEST_F(TervanJob, ExampleJobsGetTheirVerdictsAndRepairs) {
+    struct Value {
+        const char* pointer;
+        Json expected;
+    };
+    struct Case {
+        const char* file;
+        int checkStatus;
+        const char* violation;  // a line of check's report
+        int fixStatus;
+        std::vector<const char*> changes;  // fix's report, in order
+        std::vector<Value> values;         // in the fixed job
+    };
+    const Case cases[] = {
+        {"jobs/mp4-mp3-11025.json",
+         1,
+         "streams/1/audio_resample/resampler/sample_rate = 11025: Parameter sample_rate must be one of the following "
+         "values: 44100 48000 32000 22050 24000 16000 [format mp4, when audio_codec/codec_id is mp3]",
+         0,
+         {"changed streams/1/audio_codec/sample_rate: 11025 -> 16000 (format mp4 (when audio_codec/codec_id is mp3): "
+          "Parameter sample_rate must be one of the following values: 44100 48000 32000 22050 24000 16000)",
+          "changed streams/1/audio_resample/resampler/sample_rate: 11025 -> 16000 (kept in step with "
+          "streams/1/audio_codec/sample_rate)",
+          "2 changes; the job is valid"},
+         {{"/format/streams/1/audio_codec/sample_rate", 16000},
+          {"/format/streams/1/audio_resample/resampler/sample_rate", 16000}}},
+        {"jobs/broken/wrong-codec.json",
+         1,
+         "streams/1/audio_codec/codec_id = \"vorbis\": must be one of: aac, ac3, dts, mp3 [format mp4]",
+         0,
+         {"changed streams/1/audio_codec/codec_id: \"vorbis\" -> \"aac\" (format mp4: must be one of: aac, ac3, dts, "
+          "mp3)",
+          "changed streams/1/audio_codec/quality: 1 -> (removed) (the defaults of codec aac, which replaced "
+          "\"vorbis\")",
+          "changed streams/1/audio_codec/encoder_options/profile: (missing) -> \"aac_main\" (the defaults of codec "
+          "aac, "
+          "which replaced \"vorbis\")",
+          "3 changes; the job is valid"},
+         {{"/format/streams/1/audio_codec/codec_id", "aac"}, {"/format/streams/1/audio_codec/bitrate", 256000}}},
+        {"jobs/broken/encoder-sample-rate.json",
+         1,
+         "streams/1/audio_resample/resampler/sample_rate = 8000: Parameter sample_rate must be one of the following "
+         "values: 96000 88200 64000 48000 44100 32000 24000 22050 16000 12000 11025 [codec aac, when "
+         "audio_codec/codec_id is aac]",
+         0,
+         {"changed streams/1/audio_codec/sample_rate: 8000 -> 11025 (codec aac (when audio_codec/codec_id is aac): "
+          "Parameter sample_rate must be one of the following values: 96000 88200 64000 48000 44100 32000 24000 "
+          "22050 16000 12000 11025)",
+          "changed streams/1/audio_resample/resampler/sample_rate: 8000 -> 11025 (kept in step with "
+          "streams/1/audio_codec/sample_rate)",
+          "2 changes; the job is valid"},
+         {{"/format/streams/1/audio_resample/resampler/sample_rate", 11025}}},
+        {"jobs/broken/bitrate-out-of-range.json",
+         1,
+         "streams/0/video_codec/bitrate = 50: must be from 100000 to 250000000 [codec h264]",
+         0,
+         {"changed streams/0/video_codec/bitrate: 50 -> 2000000 (codec h264: must be from 100000 to 250000000)",
+          "1 change; the job is valid"},
+         {{"/format/streams/0/video_codec/bitrate", 2000000}}},
+        {"jobs/broken/dvd-audio.json",
+         1,
+         "streams/1/audio_codec/bitrate = 192000: Parameter bitrate must be one of the following values: 256000 "
+         "[format dvd, when audio_codec/codec_id is one of: ac3, mp2]",
+         0,
+         {"changed streams/0/video_codec/bitrate: 9900000 -> 9800000 (format dvd (when video_codec/codec_id is "
+          "mpeg2video): must be from 100000 to 9800000)",
+          "changed streams/1/audio_codec/sample_rate: 44100 -> 48000 (format dvd (when audio_codec/codec_id is one "
+          "of: ac3, mp2): Parameter sample_rate must be one of the following values: 48000)",
+          "changed streams/1/audio_resample/resampler/sample_rate: 44100 -> 48000 (kept in step with "
+          "streams/1/audio_codec/sample_rate)",
+          "changed streams/1/audio_codec/bitrate: 192000 -> 256000 (format dvd (when audio_codec/codec_id is one of: "
+          "ac3, mp2): Parameter bitrate must be one of the following values: 256000)",
+          "4 changes; the job is valid"},
+         {{"/format/streams/1/audio_codec/sample_rate", 48000}, {"/format/streams/0/video_codec/bitrate", 9800000}}},
+        {"jobs/broken/sides-disagree.json",
+         1,
+         "streams/0/resize/resizer/width = 1280: must equal streams/0/video_codec/width = 800; both hold the same "
+         "quantity [job]",
+         0,
+         {"changed streams/0/resize/resizer/width: 1280 -> 800 (kept in step with streams/0/video_codec/width)",
+          "1 change; the job is valid"},
+         {{"/format/streams/0/resize/resizer/width", 800}}},
+        {"jobs/broken/missing-sample-rate.json",
+         2,
+         "tervan-job: " TERVAN_EXAMPLES_DIR "/jobs/broken/missing-sample-rate.json: streams/1/audio_codec/sample_rate: "
+         "missing; a rule of codec aac reads it when audio_codec/codec_id is aac",
+         0,
+         {"changed streams/1/audio_codec/sample_rate: (missing) -> 44100 (missing; the default of filter "
+          "audio_resample)",
+          "changed streams/1/audio_resample/resampler/sample_rate: (missing) -> 44100 (kept in step with "
+          "streams/1/audio_codec/sample_rate)",
+          "2 changes; the job is valid"},
+         {{"/format/streams/1/audio_codec/sample_rate", 44100}}},
+        {"jobs/broken/wrong-types.json",
+         2,
+         "tervan-job: " TERVAN_EXAMPLES_DIR "/jobs/broken/wrong-types.json: streams/0/video_codec/bitrate: expected an "
+         "integer, found a string \"2M\"",
+         2,
+         {},
+         {}},
+        {"jobs/broken/unknown-codec.json",
+         2,
+         "tervan-job: " TERVAN_EXAMPLES_DIR "/jobs/broken/unknown-codec.json: streams/0/video_codec/codec_id: unknown "
+         "video codec \"h266\"; expected one of: bmp, ",
+         2,
+         {},
+         {}},
+        {"jobs/broken/malformed.json",
+         2,
+         "tervan-job: " TERVAN_EXAMPLES_DIR "/jobs/broken/malformed.json: malformed JSON: parse error at line ",
+         2,
+         {},
+         {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.file);
+        const std::string file = Example(c.file);
+        const Outcome checked = Run("check " + file);
+        EXPECT_EQ(checked.status, c.checkStatus);
+        const std::string& report = c.checkStatus == 2 ? checked.err : checked.out;
+        EXPECT_TRUE(Contains(report, c.violation)) << report;
+        if (c.checkStatus == 2) {
+            EXPECT_EQ(Lines(checked.err).size(), 1u);
+            EXPECT_TRUE(checked.out.empty());
+        }
+
+        const Outcome fixed = Run("fix " + file);
+        EXPECT_EQ(fixed.status, c.fixStatus) << fixed.err;
+        if (c.fixStatus == 2) {
+            EXPECT_TRUE(fixed.out.empty());
+            EXPECT_EQ(Lines(fixed.err).size(), 1u);
+            continue;
+        }
+        EXPECT_EQ(Lines(fixed.err), std::vector<std::string>(c.changes.begin(), c.changes.end()));
+        const Json job = fixed.Document();
+        for (const Value& value : c.values) {
+            EXPECT_EQ(job.at(Json::json_pointer(value.pointer)), value.expected) << value.pointer;
+        }
+        // The repaired job is valid and stays as it is.
+        const fs::path repaired = Write("repaired.json", fixed.out);
+        EXPECT_EQ(Run("check " + repaired.string()).out, "valid\n");
+        EXPECT_EQ(Run("fix " + repaired.string()).out, fixed.out);
+    }
+}
+
+TEST_F(TervanJob, DescriptionsFollowTheEnvironmentsLanguage) {
+    const std::string file = Example("jobs/mp4-mp3-11025.json");
+    struct Case {
+        const char* environment;
+        const char* text;
+    };
+    const Case cases[] = {
+        {"LANGUAGE=de", "Parameter sample_rate muss einen der folgenden Werte haben: 44100 48000"},
+        {"LANGUAGE= LC_ALL=de_DE.UTF-8", "Parameter sample_rate muss einen der folgenden Werte haben"},
+        {"LANGUAGE=fr", "sample_rate"},
+        {"LANGUAGE=xx", "Parameter sample_rate must be one of the following values: 44100 48000"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.environment);
+        const Outcome outcome = Run("check " + file, c.environment);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_TRUE(Contains(outcome.out, c.text)) << outcome.out;
+    }
+    EXPECT_FALSE(Contains(Run("check " + file, "LANGUAGE=fr").out, "must be one of")) << "no French translation";
+}
+
+TEST_F(TervanJob, AppliesAPresetThroughTheHelpers) {
+    const fs::path job = m_dir / "job.json";
+    ASSERT_EQ(Run("new mp4 --video mpeg4 --audio mp3 -o " + job.string()).status, 0);
+    const std::string preset = Example("presets/h264-720p-vbr.json");
+
+    const Outcome all = Run("apply " + preset + " " + job.string());
+    ASSERT_EQ(all.status, 0) << all.err;
+    const Json applied = all.Document();
+    const Json& video = applied["format"]["streams"]["0"];
+    EXPECT_EQ(video["video_codec"]["codec_id"], "h264");
+    EXPECT_EQ(video["video_codec"]["bitrate_mode"], "vbr");
+    EXPECT_EQ(video["video_codec"]["quality"], 60);
+    EXPECT_EQ(video["video_codec"]["encoder_options"]["preset"], "slow");
+    EXPECT_EQ(video["video_codec"]["width"], 1280);
+    EXPECT_EQ(video["resize"]["resizer"]["height"], 720);
+    EXPECT_EQ(video["resize"]["resizer"]["mode"], "stretch");
+    EXPECT_EQ(video["video_codec"]["frame_rate"], Json::parse(R"({"$rational": [30000, 1001]})"));
+    // VBR derives the bitrate from the frame and the quality.
+    EXPECT_NE(video["video_codec"]["bitrate"], 2000000);
+    const Json& audio = applied["format"]["streams"]["1"];
+    EXPECT_EQ(audio["audio_codec"]["codec_id"], "aac");
+    EXPECT_EQ(audio["audio_codec"]["bitrate"], 128000);
+    EXPECT_EQ(audio["audio_codec"]["sample_rate"], 48000);
+    EXPECT_EQ(audio["audio_resample"]["resampler"]["channel_layout"], "mono");
+    EXPECT_EQ(audio["audio_resample"]["resampler"]["sample_fmt"], audio["audio_codec"]["sample_fmt"]);
+    EXPECT_TRUE(Contains(all.err, "changed streams/0/video_codec/quality: (missing) -> 60 (preset " + preset + ")"));
+    EXPECT_EQ(Run("check " + Write("applied.json", all.out).string()).out, "valid\n");
+
+    const Outcome one = Run("apply " + preset + " " + job.string() + " --stream 1");
+    ASSERT_EQ(one.status, 0) << one.err;
+    EXPECT_EQ(one.Document()["format"]["streams"]["0"], Json::parse(Slurp(job))["format"]["streams"]["0"]);
+    EXPECT_EQ(one.Document()["format"]["streams"]["1"]["audio_codec"]["codec_id"], "aac");
+
+    struct Case {
+        std::string arguments;
+        std::string message;
+    };
+    const Case refused[] = {
+        {"apply " + preset + " " + job.string() + " --stream 7", "tervan-job: --stream: the job has no stream 7"},
+        {"apply " +
+             Write("vbr.json", R"({"format": {"streams": {"0": {"type": "video",
+              "video_codec": {"codec_id": "h264", "bitrate_mode": "vbr"}}}}})")
+                 .string() +
+             " " + job.string(),
+         "streams/0: Quality is required for VBR bitrate mode"},
+        {"apply " +
+             Write("filter.json", R"({"format": {"streams": {"0": {"type": "video", "audio_resample": {}}}}})")
+                 .string() +
+             " " + job.string(),
+         "streams/0/audio_resample: unknown filter; video streams of a preset hold video_codec and the filters"},
+    };
+    for (const Case& c : refused) {
+        SCOPED_TRACE(c.arguments);
+        const Outcome outcome = Run(c.arguments);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_TRUE(Contains(outcome.err, c.message)) << outcome.err;
+        EXPECT_EQ(Lines(outcome.err).size(), 1u);
+        EXPECT_TRUE(outcome.out.empty());
+    }
+}
+
+TEST_F(TervanJob, BadDocumentsAreRefusedInOneLine) {
+    std::string deep = R"({"format_name": "mp4", "format": )";
+    for (int i = 0; i < 5000; ++i) {
+        deep += R"({"a": )";
+    }
+    deep += "1" + std::string(5001, '}');
+    const std::string large = R"({"format_name": "mp4", "format": {"x": ")" + std::string(9u << 20, 'x') + "\"}}";
+    struct Case {
+        std::string document;
+        std::string message;
+    };
+    const Case cases[] = {
+        {deep, "nested deeper than 32 levels"},
+        {large, "document too large"},
+        {"[1, 2]", "not a job: expected an object with \"format_name\" and \"format\""},
+        {R"({"format_name": "mp4"})", "format: missing; expected an object holding the settings"},
+        {R"({"format_name": "mp4", "format": {}, "extra": 1})", "extra: unknown member"},
+        {R"({"format_name": 4, "format": {}})", "format_name: expected a string naming a registered format"},
+        {R"({"format_name": "mp4", "format": {"streams": {}}})", "streams: empty; expected at least one stream"},
+        {R"({"format_name": "mp4", "format": {"streams": {"0": {"type": "subtitle"}}}})",
+         "streams/0/type: expected \"audio\" or \"video\", found \"subtitle\""},
+        {R"({"format_name": "mp4", "format": {"streams": {"0": {"type": "video"}}}})",
+         "streams/0/video_codec: missing; expected the codec's settings"},
+        {R"({"format_name": "mp4", "format": {"streams": {"0": {"type": "video", "video_codec": {"codec_id": "h264"},
+             "volume": {}}}}})",
+         "streams/0/volume: unknown filter; video streams hold type, video_codec and the filters frame_rate_filter, "
+         "resize, deinterlace, video_preview"},
+        {R"({"format_name": "mp4", "format": {"psp_mode": 1, "streams": {}}})",
+         "psp_mode: expected a boolean, found an integer 1"},
+        {R"({"format_name": "mp4", "format": {"streams": {"0": {"type": "video",
+             "video_codec": {"codec_id": "h264", "frame_rate": 25}}}}})",
+         "streams/0/video_codec/frame_rate: expected a rational"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.message);
+        const fs::path file = Write("bad.json", c.document);
+        for (const std::string command : {"check", "fix"}) {
+            const Outcome outcome = Run(command + " " + file.string());
+            EXPECT_EQ(outcome.status, 2);
+            EXPECT_TRUE(Contains(outcome.err, c.message)) << outcome.err;
+            EXPECT_EQ(Lines(outcome.err).size(), 1u);
+            EXPECT_TRUE(outcome.out.empty());
+        }
+    }
+    const Outcome missing = Run("check " + (m_dir / "absent.json").string());
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_TRUE(Contains(missing.err, "absent.json: cannot be read"));
+    EXPECT_EQ(Run("check " + m_dir.string()).status, 2);
+}
+
+TEST_F(TervanJob, ReadsStandardInput) {
+    const fs::path out = m_dir / "piped.json";
+    const std::string command = std::string("LANGUAGE= LC_ALL=C ") + TERVAN_JOB_PATH + " fix - < " +
+                                Example("jobs/mp4-mp3-11025.json") + " >" + out.string() + " 2>/dev/null";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(Json::parse(Slurp(out)).at(Json::json_pointer("/format/streams/1/audio_codec/sample_rate")), 16000);
 }

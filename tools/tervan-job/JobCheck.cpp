@@ -37,7 +37,9 @@ std::optional<Core::Property> ValueAt(const Core::Property& root, const std::str
     return std::nullopt;
 }
 
-std::string Condition(const Conf::IValidationRule& rule) {
+}  // namespace
+
+std::string RuleCondition(const Conf::IValidationRule& rule) {
     const auto first = rule.GetFirstConstraint();
     const std::string path = rule.GetFirstPath();
     if (!first || path.empty()) {
@@ -50,6 +52,8 @@ std::string Condition(const Conf::IValidationRule& rule) {
     }
     return "when " + path + " is " + text;
 }
+
+namespace {
 
 void AddSites(std::vector<ConstraintSite>& sites, const Conf::IDataHelper& helper, const std::string& source,
               const std::function<std::string(const std::string&)>& place) {
@@ -238,12 +242,13 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
             case Conf::ValidationRuleCheck::BROKEN:
                 violations.push_back({path, DisplayValue(view.ChildByPath(result.path)),
                                       ConstraintText(*rule.GetSecondConstraint(), Leaf(result.path)), site.source,
-                                      Condition(rule), false});
+                                      RuleCondition(rule), false});
                 break;
             case Conf::ValidationRuleCheck::MISSING_SETTING:
                 if (std::find(missingFilters.begin(), missingFilters.end(), FirstSegment(result.path)) ==
                     missingFilters.end()) {
-                    violations.push_back({path, "", "missing; a rule reads it", site.source, Condition(rule), true});
+                    violations.push_back(
+                        {path, "", "missing; a rule reads it", site.source, RuleCondition(rule), true});
                 }
                 break;
             case Conf::ValidationRuleCheck::WRONG_TYPE:

@@ -67,6 +67,9 @@ struct Violation {
     std::string Reason() const;
 };
 
+// "when video_codec/codec_id is mpeg2video", or empty for a rule tied to no other setting.
+std::string RuleCondition(const Conf::IValidationRule& rule);
+
 // Judges one value; a value of the wrong type is an InputError naming path.
 bool Admits(const Conf::IPropertyConstraint& constraint, const Core::Property& value, const std::string& path);
 

@@ -7,6 +7,7 @@
 #include "Conf/Interfaces/IPreset.h"
 #include "StreamSides.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace Tervan::Job {
@@ -133,7 +134,18 @@ void JobEditor::RecordAt(Core::Property& node, const std::string& base,
                 break;
             }
         }
-        m_report.changes.push_back({std::move(delta.path), std::move(delta.before), std::move(delta.after), reason});
+        // One step after another for the same reason reads as one change.
+        auto same = std::find_if(m_report.changes.begin(), m_report.changes.end(), [&](const Change& change) {
+            return change.path == delta.path && change.reason == reason;
+        });
+        if (same == m_report.changes.end()) {
+            m_report.changes.push_back(
+                {std::move(delta.path), std::move(delta.before), std::move(delta.after), reason});
+        } else if (same->before == delta.after) {
+            m_report.changes.erase(same);
+        } else {
+            same->after = std::move(delta.after);
+        }
     }
 }
 
@@ -355,11 +367,9 @@ void JobEditor::FixRules(const StreamRef& stream) {
                 target = twin->codecPath;
             }
             Core::Property& value = *Find(*stream.node, target);
-            const auto condition = rule.GetFirstConstraint() && !firstPath.empty()
-                                       ? " (" + firstPath + " is " + DisplayValue(view.ChildByPath(firstPath)) + ")"
-                                       : std::string();
-            std::string reason =
-                site.source + condition + ": " + ConstraintText(*rule.GetSecondConstraint(), Leaf(result.path));
+            const std::string condition = RuleCondition(rule);
+            std::string reason = site.source + (condition.empty() ? "" : " (" + condition + ")") + ": " +
+                                 ConstraintText(*rule.GetSecondConstraint(), Leaf(result.path));
             if (Repair(*rule.GetSecondConstraint(), value, std::nullopt, reason)) {
                 reasons[JoinPath(stream.path, target)] = reason;
             }

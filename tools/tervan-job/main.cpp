@@ -152,6 +152,16 @@ int Report(const FixReport& report, bool listChanges) {
     return report.remaining.empty() ? EXIT_VALID : EXIT_VIOLATIONS;
 }
 
+// Errors found in a job after reading it name the job's file too.
+template <class Step>
+auto InFile(const std::string& file, Step step) {
+    try {
+        return step();
+    } catch (const InputError& e) {
+        throw InputError(file, e.what());
+    }
+}
+
 po::options_description OutputOption() {
     po::options_description options("Options");
     options.add_options()("output,o", po::value<std::string>()->value_name("FILE"),
@@ -230,8 +240,9 @@ int RunCheck(const std::vector<std::string>& args) {
     if (!values) {
         return EXIT_VALID;
     }
-    Job job = ReadJob((*values)["job"].as<std::string>());
-    const std::vector<Violation> violations = CheckJob(job, true);
+    const std::string file = (*values)["job"].as<std::string>();
+    Job job = ReadJob(file);
+    const std::vector<Violation> violations = InFile(file, [&] { return CheckJob(job, true); });
     for (const Violation& violation : violations) {
         std::cout << violation.Text() << "\n";
     }
@@ -251,8 +262,9 @@ int RunFix(const std::vector<std::string>& args) {
     if (!values) {
         return EXIT_VALID;
     }
-    Job job = ReadJob((*values)["job"].as<std::string>());
-    const FixReport report = FixJob(job);
+    const std::string file = (*values)["job"].as<std::string>();
+    Job job = ReadJob(file);
+    const FixReport report = InFile(file, [&] { return FixJob(job); });
     WriteJob(job, *values);
     return Report(report, true);
 }
