@@ -28,8 +28,10 @@ boost::intrusive_ptr<const IDataHelper> DataHelperVideoCodecProres::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperVideoCodecProres());
 }
 
-DataHelperVideoCodecProres::DataHelperVideoCodecProres()
-    : DataHelperVideoCodecBase(V::CODEC_ID_PRORES, kDefaults, kConstraints) {}
+DataHelperVideoCodecProres::DataHelperVideoCodecProres() : DataHelperVideoCodecProres(V::CODEC_ID_PRORES) {}
+
+DataHelperVideoCodecProres::DataHelperVideoCodecProres(const std::string& codecId)
+    : DataHelperVideoCodecBase(codecId, kDefaults, kConstraints) {}
 
 DataHelperVideoCodecProres::~DataHelperVideoCodecProres() = default;
 

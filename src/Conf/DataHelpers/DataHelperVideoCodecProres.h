@@ -13,6 +13,8 @@ public:
     DataHelperVideoCodecProres();
 
 protected:
+    // For codecs whose settings are ProRes's, under their own identifier.
+    explicit DataHelperVideoCodecProres(const std::string& codecId);
     ~DataHelperVideoCodecProres() override;
 };
 

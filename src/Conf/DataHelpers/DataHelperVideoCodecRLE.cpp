@@ -3,33 +3,12 @@
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 
 namespace Tervan::Conf {
-namespace {
-
-using namespace VideoCodecTable;
-using C = IFormatCodec;
-using V = IFormatCodecVideo;
-
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR, &C::TAG_BITRATE_MODE_VBR};
-
-// Defaults after the codec id, in order; every codec ends with its encoder options.
-const Default kDefaults[] = {
-    Integer(C::TAG_BITRATE, 2000000),
-    Text(C::TAG_BITRATE_MODE, C::TAG_BITRATE_MODE_CBR),
-};
-// Constraints set over the base's, in order.
-const Constraint kConstraints[] = {
-    OneOf(C::TAG_BITRATE_MODE, kModes),
-    DefaultBitrate(C::TAG_BITRATE),
-};
-
-}  // namespace
 
 boost::intrusive_ptr<const IDataHelper> DataHelperVideoCodecRLE::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperVideoCodecRLE());
 }
 
-DataHelperVideoCodecRLE::DataHelperVideoCodecRLE()
-    : DataHelperVideoCodecBase(V::CODEC_ID_QTRLE, kDefaults, kConstraints) {}
+DataHelperVideoCodecRLE::DataHelperVideoCodecRLE() : DataHelperVideoCodecProres(IFormatCodecVideo::CODEC_ID_QTRLE) {}
 
 DataHelperVideoCodecRLE::~DataHelperVideoCodecRLE() = default;
 

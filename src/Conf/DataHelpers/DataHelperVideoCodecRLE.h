@@ -1,13 +1,13 @@
 #pragma once
 
-#include "Conf/DataHelpers/DataHelperVideoCodecBase.h"
+#include "Conf/DataHelpers/DataHelperVideoCodecProres.h"
 
 #include <boost/intrusive_ptr.hpp>
 
 namespace Tervan::Conf {
 
-// QuickTime RLE: defaults to constant bitrate but admits variable.
-class TERVAN_API DataHelperVideoCodecRLE : public DataHelperVideoCodecBase {
+// QuickTime RLE: the settings of ProRes under its own identifier.
+class TERVAN_API DataHelperVideoCodecRLE : public DataHelperVideoCodecProres {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
     DataHelperVideoCodecRLE();
