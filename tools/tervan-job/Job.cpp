@@ -70,9 +70,10 @@ void ValidateStream(const Core::Property& stream, const std::string& path, const
             continue;
         }
         if (!Catalogue::IsFilter(name, audio)) {
-            throw InputError(JoinPath(path, name), "unknown filter; " + type + " streams hold " + IPreset::KEY_TYPE_ID +
-                                                       ", " + codecKey + " and the filters " +
-                                                       boost::algorithm::join(Catalogue::FilterNames(audio), ", "));
+            std::string message = "unknown filter; " + type + " streams hold ";
+            message.append(IPreset::KEY_TYPE_ID).append(", ").append(codecKey).append(" and the filters ");
+            message += boost::algorithm::join(Catalogue::FilterNames(audio), ", ");
+            throw InputError(JoinPath(path, name), message);
         }
         ExpectShape(child, catalogue.Get(Catalogue::FILTER, name, JoinPath(path, name))->GetDefaults(),
                     JoinPath(path, name));

@@ -192,8 +192,9 @@ bool Admits(const Conf::IPropertyConstraint& constraint, const Core::Property& v
 }
 
 std::vector<Violation> CheckStream(const Governance& governance, const StreamRef& stream) {
-    std::vector<Violation> violations;
     const std::vector<std::string> missingFilters = MissingFilters(governance, stream);
+    std::vector<Violation> violations;
+    violations.reserve(missingFilters.size());
     for (const std::string& filter : missingFilters) {
         violations.push_back({JoinPath(stream.path, filter), "", "missing; the codec requires this filter",
                               governance.CodecLabel(stream), "", false});

@@ -267,7 +267,7 @@ JobEditor::Reasons JobEditor::ViolationReasons(const StreamRef& stream) const {
 
 void JobEditor::CorrectByCodec(const StreamRef& stream) {
     Reasons known = ViolationReasons(stream);
-    const std::string label = m_governance.CodecLabel(stream);
+    std::string label = m_governance.CodecLabel(stream);
     RecordAt(*stream.node, stream.path, [&](Reasons& reasons) {
         reasons = known;
         const Core::Property original = stream.Codec();

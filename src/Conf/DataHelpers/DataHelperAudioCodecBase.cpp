@@ -71,7 +71,7 @@ void DataHelperAudioCodecBase::GetConstraints(Constraints& out) const {
     for (const Setting& row : m_constraints) {
         std::string key = *row.tag;
         if (row.place == Place::OPTIONS) {
-            key = IFormatCodec::TAG_CODEC_OPTIONS_ENCODE + Core::Property::SEPARATOR + key;
+            key.insert(0, IFormatCodec::TAG_CODEC_OPTIONS_ENCODE + Core::Property::SEPARATOR);
         } else if (row.place == Place::RESAMPLER) {
             key = ResamplerPath(key);
         }
