@@ -1,0 +1,95 @@
+// Library load, each iteration in a fresh process: the probe times dlopen of the
+// helpers' library up to a ready registry, and of libavcodec alone for comparison.
+#include "Benchmarks.h"
+
+#include <benchmark/benchmark.h>
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <string>
+
+extern char** environ;
+
+namespace Tervan::Bench {
+namespace {
+
+struct ProbeResult {
+    double seconds = 0;
+    double residentKiB = 0;
+    std::string error;
+};
+
+ProbeResult RunProbe(const char* mode, const char* library) {
+    ProbeResult result;
+    int pipeEnds[2];
+    if (pipe(pipeEnds) != 0) {
+        result.error = "pipe failed";
+        return result;
+    }
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, pipeEnds[1], STDOUT_FILENO);
+    posix_spawn_file_actions_addclose(&actions, pipeEnds[0]);
+    std::array<char*, 4> arguments = {const_cast<char*>(TERVAN_LOAD_PROBE), const_cast<char*>(mode),
+                                      const_cast<char*>(library), nullptr};
+    pid_t child = 0;
+    const int spawned = posix_spawn(&child, TERVAN_LOAD_PROBE, &actions, nullptr, arguments.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    close(pipeEnds[1]);
+    std::string output;
+    std::array<char, 128> buffer{};
+    ssize_t count = 0;
+    while ((count = read(pipeEnds[0], buffer.data(), buffer.size())) > 0) {
+        output.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    close(pipeEnds[0]);
+    int status = 0;
+    if (spawned != 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+        result.error = std::string("the load probe failed on ") + library;
+        return result;
+    }
+    long long nanoseconds = 0;
+    long kib = 0;
+    if (std::sscanf(output.c_str(), "%lld %ld", &nanoseconds, &kib) != 2) {
+        result.error = "the load probe printed no figures";
+        return result;
+    }
+    result.seconds = static_cast<double>(nanoseconds) * 1e-9;
+    result.residentKiB = static_cast<double>(kib);
+    return result;
+}
+
+void Load(benchmark::State& state, const char* mode, const char* library) {
+    double residentKiB = 0;
+    for (auto _ : state) {
+        const ProbeResult probe = RunProbe(mode, library);
+        if (!probe.error.empty()) {
+            state.SkipWithError(probe.error.c_str());
+            return;
+        }
+        state.SetIterationTime(probe.seconds);
+        residentKiB += probe.residentKiB;
+    }
+    state.counters[RESIDENT_KIB] = benchmark::Counter(residentKiB, benchmark::Counter::kAvgIterations);
+}
+
+}  // namespace
+
+void RegisterLoadBenchmarks() {
+    // A few dozen processes per run: enough for a stable median, short enough to wait for.
+    constexpr int PROCESSES = 40;
+    benchmark::RegisterBenchmark(LOAD_AVCODEC, Load, "plain", TERVAN_AVCODEC_LIBRARY)
+        ->UseManualTime()
+        ->Iterations(PROCESSES)
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark(LOAD_DATAHELPERS, Load, "registry", TERVAN_DATAHELPERS_LIBRARY)
+        ->UseManualTime()
+        ->Iterations(PROCESSES)
+        ->Unit(benchmark::kMillisecond);
+}
+
+}  // namespace Tervan::Bench

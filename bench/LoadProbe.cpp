@@ -1,0 +1,58 @@
+// Loads one library into this fresh process and prints how long dlopen took until
+// the library was ready, and how much resident memory the process gained:
+// "<nanoseconds> <KiB>". Links none of the family's libraries and no FFmpeg, so the
+// loader does all of the work inside the measured interval.
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <string>
+
+namespace {
+
+using GetAvailable = const void* (*)(const std::string&);
+
+// The registry's listing entry point and a type key it accepts, by their C++ symbols.
+const char* const GET_AVAILABLE = "_Z23GetAvailableDataHelpersRKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE";
+const char* const KEY_FORMAT = "_ZN6Tervan4Conf7IPreset10KEY_FORMATB5cxx11E";
+
+long ResidentKiB() {
+    std::ifstream statm("/proc/self/statm");
+    long size = 0;
+    long resident = 0;
+    statm >> size >> resident;
+    return resident * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3 || (std::strcmp(argv[1], "plain") != 0 && std::strcmp(argv[1], "registry") != 0)) {
+        std::fprintf(stderr, "usage: %s plain|registry LIBRARY\n", argv[0]);
+        return 2;
+    }
+    const bool registry = std::strcmp(argv[1], "registry") == 0;
+    const long before = ResidentKiB();
+    const auto start = std::chrono::steady_clock::now();
+    void* library = dlopen(argv[2], RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) {
+        std::fprintf(stderr, "%s\n", dlerror());
+        return 1;
+    }
+    if (registry) {
+        // The registry is built while the library loads; asking for a table proves it is ready.
+        auto getAvailable = reinterpret_cast<GetAvailable>(dlsym(library, GET_AVAILABLE));
+        const auto* keyFormat = static_cast<const std::string*>(dlsym(library, KEY_FORMAT));
+        if (getAvailable == nullptr || keyFormat == nullptr || getAvailable(*keyFormat) == nullptr) {
+            std::fprintf(stderr, "the registry's entry points are missing\n");
+            return 1;
+        }
+    }
+    const auto elapsed = std::chrono::steady_clock::now() - start;
+    const long after = ResidentKiB();
+    std::printf("%lld %ld\n", static_cast<long long>(std::chrono::nanoseconds(elapsed).count()), after - before);
+    return 0;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace Tervan::Bench {
+
+// Prints the console report, then each target with the measured median (the mean
+// when the run had no repetitions) and whether it was met.
+class TargetReporter : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override;
+    void Finalize() override;
+
+private:
+    struct Figures {
+        double nanoseconds = 0;
+        std::map<std::string, double> counters;
+        bool median = false;
+    };
+
+    const Figures* Find(const std::string& name) const;
+
+    std::map<std::string, Figures> m_figures;
+};
+
+}  // namespace Tervan::Bench
