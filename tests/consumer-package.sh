@@ -11,16 +11,19 @@ cmake --install "$build" --prefix "$scratch/prefix" >/dev/null
 cmake -S "$source/examples/consumer" -B "$scratch/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$scratch/prefix" >/dev/null
 cmake --build "$scratch/consumer" >/dev/null
 output=$("$scratch/consumer/list-helpers")
-echo "$output" | head -n 3
-echo "$output" | grep -q '^format (44 helpers)$'
+head -n 3 <<<"$output"
+# Whole outputs are captured first: grep -q leaving a pipe early would fail it under pipefail.
+grep -q '^format (44 helpers)$' <<<"$output"
 
 PKG_CONFIG_PATH="$scratch/prefix/lib/pkgconfig" c++ -o "$scratch/pc-consumer" "$source/examples/consumer/main.cpp" \
   $(PKG_CONFIG_PATH="$scratch/prefix/lib/pkgconfig" pkg-config --cflags --libs tervan-datahelpers) \
   -Wl,-rpath,"$scratch/prefix/lib"
-"$scratch/pc-consumer" | grep -q '^format (44 helpers)$'
+output=$("$scratch/pc-consumer")
+grep -q '^format (44 helpers)$' <<<"$output"
 
 # Only the public API leaves the libraries: no internal (anonymous-namespace) symbols.
-if nm -D --defined-only "$scratch/prefix/lib/libtervan-datahelpers.so" | c++filt | grep -q 'anonymous namespace'; then
+symbols=$(nm -D --defined-only "$scratch/prefix/lib/libtervan-datahelpers.so" | c++filt)
+if grep -q 'anonymous namespace' <<<"$symbols"; then
   echo "internal symbols are exported" >&2
   exit 1
 fi
