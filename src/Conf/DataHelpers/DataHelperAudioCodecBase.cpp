@@ -7,6 +7,7 @@
 #include "Conf/Interfaces/IPreset.h"
 #include "Proc/IFilterResample.h"
 
+#include <utility>
 #include <vector>
 
 namespace Tervan::Conf {
@@ -30,26 +31,38 @@ DataHelperAudioCodecBase::DataHelperAudioCodecBase(const std::string& codecId, A
                                                    AudioCodecTable::Rows<Setting> constraints,
                                                    AudioCodecTable::Rows<Setting> rules, EncoderRules encoderRules)
     : DataHelperCodecFFMPEG(codecId, MEDIA_TYPE_AUDIO),
-      m_defaults(defaults),
-      m_constraints(constraints),
-      m_rules(rules),
-      m_encoderRules(encoderRules) {}
-
-DataHelperAudioCodecBase::~DataHelperAudioCodecBase() = default;
-
-Core::Property DataHelperAudioCodecBase::GetDefaults() const {
-    Core::Property defaults = DataHelperCodecFFMPEG::GetDefaults();
+      m_defaults(DataHelperCodecFFMPEG::GetDefaults()),
+      m_encoderRules(encoderRules) {
     Core::Property options(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE);
-    for (const Default& row : m_defaults) {
-        Core::Property& node = row.inOptions ? options : defaults;
+    for (const Default& row : defaults) {
+        Core::Property& node = row.inOptions ? options : m_defaults;
         if (row.text != nullptr) {
             node.CreateChildT(*row.tag, *row.text);
         } else {
             node.CreateChildT(*row.tag, row.number);
         }
     }
-    defaults.SetChild(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE, options);
-    return defaults;
+    m_defaults.SetChild(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE, options);
+
+    for (const Setting& row : constraints) {
+        std::string key = *row.tag;
+        if (row.place == Place::OPTIONS) {
+            key.insert(0, IFormatCodec::TAG_CODEC_OPTIONS_ENCODE + Core::Property::SEPARATOR);
+        } else if (row.place == Place::RESAMPLER) {
+            key = ResamplerPath(key);
+        }
+        m_constraints.emplace_back(std::move(key), MakeConstraint(row));
+    }
+    for (const Setting& row : rules) {
+        const std::string path = row.place == Place::RESAMPLER ? ResamplerPath(*row.tag) : CodecPath(*row.tag);
+        AddCodecRule(m_rules, path, MakeConstraint(row));
+    }
+}
+
+DataHelperAudioCodecBase::~DataHelperAudioCodecBase() = default;
+
+Core::Property DataHelperAudioCodecBase::GetDefaults() const {
+    return m_defaults;
 }
 
 void DataHelperAudioCodecBase::GetRequiredObjects(RequiredObjects& out) const {
@@ -60,30 +73,19 @@ void DataHelperAudioCodecBase::GetValidationRules(ValidationRules& out) const {
     if (m_encoderRules == EncoderRules::KEPT) {
         DataHelperCodecFFMPEG::GetValidationRules(out);
     }
-    for (const Setting& row : m_rules) {
-        const std::string path = row.place == Place::RESAMPLER ? ResamplerPath(*row.tag) : CodecPath(*row.tag);
-        AddCodecRule(out, path, MakeConstraint(row));
-    }
+    Append(out, m_rules);
 }
 
 void DataHelperAudioCodecBase::GetConstraints(Constraints& out) const {
     DataHelperCodecFFMPEG::GetConstraints(out);
-    for (const Setting& row : m_constraints) {
-        std::string key = *row.tag;
-        if (row.place == Place::OPTIONS) {
-            key.insert(0, IFormatCodec::TAG_CODEC_OPTIONS_ENCODE + Core::Property::SEPARATOR);
-        } else if (row.place == Place::RESAMPLER) {
-            key = ResamplerPath(key);
-        }
-        out[key] = MakeConstraint(row);
-    }
+    Insert(out, m_constraints);
 }
 
 std::string DataHelperAudioCodecBase::CodecPath(const std::string& tag) {
     return IPreset::KEY_FILTER_AUDIO_CODEC + Core::Property::SEPARATOR + tag;
 }
 
-boost::intrusive_ptr<const IPropertyConstraint> DataHelperAudioCodecBase::MakeConstraint(const Setting& row) {
+ConstraintPtr DataHelperAudioCodecBase::MakeConstraint(const Setting& row) {
     switch (row.kind) {
         case Setting::ALWAYS_TRUE:
             return ConstraintMethod::CreateAlwaysTrue(std::string());

@@ -110,11 +110,12 @@ protected:
     static std::string CodecPath(const std::string& tag);
 
 private:
-    static boost::intrusive_ptr<const IPropertyConstraint> MakeConstraint(const AudioCodecTable::Setting& row);
+    static ConstraintPtr MakeConstraint(const AudioCodecTable::Setting& row);
 
-    AudioCodecTable::Rows<AudioCodecTable::Default> m_defaults;
-    AudioCodecTable::Rows<AudioCodecTable::Setting> m_constraints;
-    AudioCodecTable::Rows<AudioCodecTable::Setting> m_rules;
+    // The tables, interpreted once.
+    Core::Property m_defaults;
+    ConstraintList m_constraints;
+    ValidationRules m_rules;
     EncoderRules m_encoderRules;
 };
 

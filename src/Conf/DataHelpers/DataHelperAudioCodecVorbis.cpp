@@ -80,7 +80,21 @@ boost::intrusive_ptr<const IDataHelper> DataHelperAudioCodecVorbis::Create() {
 }
 
 DataHelperAudioCodecVorbis::DataHelperAudioCodecVorbis()
-    : DataHelperAudioCodecBase(A::CODEC_ID_VORBIS, kDefaults, kConstraints, kRules) {}
+    : DataHelperAudioCodecBase(A::CODEC_ID_VORBIS, kDefaults, kConstraints, kRules) {
+    for (const auto& row : kStereoBitrates) {
+        PairList<long long> bitrates;
+        for (long long bitrate : row.bitrates) {
+            if (bitrate != 0) {
+                bitrates.emplace_back(PairLabel(bitrate), bitrate);
+            }
+        }
+        m_ownRules.emplace_back(
+            Core::Property::SEPARATOR,
+            PairValidationRule::Create(ResamplerPath(A::TAG_SAMPLE_RATE),
+                                       ConstraintSet::Create(BeginPairList(PairLabel(row.sampleRate), row.sampleRate)),
+                                       CodecPath(C::TAG_BITRATE), ConstraintSet::Create(bitrates)));
+    }
+}
 
 DataHelperAudioCodecVorbis::~DataHelperAudioCodecVorbis() = default;
 
@@ -104,19 +118,7 @@ const std::vector<DataHelperAudioCodecVorbis::OperatingPoint>& DataHelperAudioCo
 
 void DataHelperAudioCodecVorbis::GetValidationRules(ValidationRules& out) const {
     DataHelperAudioCodecBase::GetValidationRules(out);
-    for (const auto& row : kStereoBitrates) {
-        PairList<long long> bitrates;
-        for (long long bitrate : row.bitrates) {
-            if (bitrate != 0) {
-                bitrates.emplace_back(PairLabel(bitrate), bitrate);
-            }
-        }
-        out.emplace_back(
-            Core::Property::SEPARATOR,
-            PairValidationRule::Create(ResamplerPath(A::TAG_SAMPLE_RATE),
-                                       ConstraintSet::Create(BeginPairList(PairLabel(row.sampleRate), row.sampleRate)),
-                                       CodecPath(C::TAG_BITRATE), ConstraintSet::Create(bitrates)));
-    }
+    Append(out, m_ownRules);
 }
 
 void DataHelperAudioCodecVorbis::CorrectFormatCodec(Core::Property& settings) const {

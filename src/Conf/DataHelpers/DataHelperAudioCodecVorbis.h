@@ -34,6 +34,10 @@ public:
 
 protected:
     ~DataHelperAudioCodecVorbis() override;
+
+private:
+    // Built once with the helper.
+    ValidationRules m_ownRules;
 };
 
 }  // namespace Tervan::Conf

@@ -148,17 +148,34 @@ void ApplyAudioPreset(const Core::Property& preset, Core::Property& out, const s
 
 }  // namespace
 
-const boost::intrusive_ptr<const IPropertyConstraint> DataHelperCodecFFMPEG::s_defaultVideoBitrateConstraint =
-    ConstraintRange::Create(100000LL, IFormatCodecVideo::MAX_VIDEO_BITRATE, 0LL);
-const boost::intrusive_ptr<const IPropertyConstraint> DataHelperCodecFFMPEG::s_defaultQualityConstraint =
-    ConstraintRange::Create(1LL, IFormatCodec::MAX_QUALITY, 0LL);
-
 DataHelperCodecFFMPEG::DataHelperCodecFFMPEG(const std::string& codecId, MediaType type)
     : m_codecId(codecId),
       m_encoderName(Media::EncoderFromCodec(CodecIDFromTextID(codecId))),
       m_mediaType(type),
       m_presetKey(type == MEDIA_TYPE_AUDIO ? IPreset::KEY_FILTER_AUDIO_CODEC : IPreset::KEY_FILTER_VIDEO_CODEC) {
     load();
+    m_codecIdConstraint = ConstraintSet::Create(BeginPairList(m_codecId, m_codecId));
+    if (m_mediaType == MEDIA_TYPE_VIDEO) {
+        if (!m_frameRates.empty()) {
+            m_frameRateConstraint = ConstraintSet::Create(m_frameRates);
+            AddCodecRule(m_encoderRules,
+                         Proc::IFilterFrameRate::CLASS_ID + Core::Property::SEPARATOR + IFormatCodecVideo::TAG_FPS,
+                         m_frameRateConstraint);
+        }
+    } else if (m_mediaType == MEDIA_TYPE_AUDIO) {
+        if (!m_sampleRates.empty()) {
+            AddCodecRule(m_encoderRules, ResamplerPath(IFormatCodecAudio::TAG_SAMPLE_RATE),
+                         ConstraintSet::Create(m_sampleRates));
+        }
+        if (!m_sampleFormats.empty()) {
+            AddCodecRule(m_encoderRules, ResamplerPath(IFormatCodecAudio::TAG_SAMPLE_FORMAT),
+                         ConstraintSampleFormat::Create(m_sampleFormats));
+        }
+        if (!m_channelLayouts.empty()) {
+            AddCodecRule(m_encoderRules, ResamplerPath(IFormatCodecAudio::TAG_LAYOUT),
+                         ConstraintChannelLayout::Create(m_channelLayouts));
+        }
+    }
 }
 
 DataHelperCodecFFMPEG::~DataHelperCodecFFMPEG() = default;
@@ -207,29 +224,12 @@ Core::Property DataHelperCodecFFMPEG::GetDefaults() const {
 void DataHelperCodecFFMPEG::GetRequiredObjects(RequiredObjects&) const {}
 
 void DataHelperCodecFFMPEG::GetValidationRules(ValidationRules& out) const {
-    if (m_mediaType == MEDIA_TYPE_VIDEO) {
-        if (!m_frameRates.empty()) {
-            AddCodecRule(out, Proc::IFilterFrameRate::CLASS_ID + Core::Property::SEPARATOR + IFormatCodecVideo::TAG_FPS,
-                         ConstraintSet::Create(m_frameRates));
-        }
-    } else if (m_mediaType == MEDIA_TYPE_AUDIO) {
-        if (!m_sampleRates.empty()) {
-            AddCodecRule(out, ResamplerPath(IFormatCodecAudio::TAG_SAMPLE_RATE), ConstraintSet::Create(m_sampleRates));
-        }
-        if (!m_sampleFormats.empty()) {
-            AddCodecRule(out, ResamplerPath(IFormatCodecAudio::TAG_SAMPLE_FORMAT),
-                         ConstraintSampleFormat::Create(m_sampleFormats));
-        }
-        if (!m_channelLayouts.empty()) {
-            AddCodecRule(out, ResamplerPath(IFormatCodecAudio::TAG_LAYOUT),
-                         ConstraintChannelLayout::Create(m_channelLayouts));
-        }
-    }
+    Append(out, m_encoderRules);
 }
 
 void DataHelperCodecFFMPEG::GetConstraints(Constraints& out) const {
-    if (m_mediaType == MEDIA_TYPE_VIDEO && !m_frameRates.empty()) {
-        out[IFormatCodecVideo::TAG_FPS] = ConstraintSet::Create(m_frameRates);
+    if (m_frameRateConstraint) {
+        out[IFormatCodecVideo::TAG_FPS] = m_frameRateConstraint;
     }
 }
 
@@ -312,8 +312,7 @@ void DataHelperCodecFFMPEG::CorrectBitrate(Core::Property& settings) const {
 boost::intrusive_ptr<IValidationRule> DataHelperCodecFFMPEG::CodecRule(
     const std::string& secondPath, const boost::intrusive_ptr<const IPropertyConstraint>& constraint) const {
     return PairValidationRule::Create(m_presetKey + Core::Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID,
-                                      ConstraintSet::Create(BeginPairList(m_codecId, m_codecId)), secondPath,
-                                      constraint);
+                                      m_codecIdConstraint, secondPath, constraint);
 }
 
 void DataHelperCodecFFMPEG::AddCodecRule(ValidationRules& out, const std::string& secondPath,
@@ -324,6 +323,16 @@ void DataHelperCodecFFMPEG::AddCodecRule(ValidationRules& out, const std::string
 std::string DataHelperCodecFFMPEG::ResamplerPath(const std::string& tag) {
     return Proc::IFilterResample::CLASS_ID + Core::Property::SEPARATOR + Proc::IResample::CLASS_ID +
            Core::Property::SEPARATOR + tag;
+}
+
+void DataHelperCodecFFMPEG::Insert(Constraints& out, const ConstraintList& constraints) {
+    for (const auto& [key, constraint] : constraints) {
+        out[key] = constraint;
+    }
+}
+
+void DataHelperCodecFFMPEG::Append(ValidationRules& out, const ValidationRules& rules) {
+    out.insert(out.end(), rules.begin(), rules.end());
 }
 
 boost::intrusive_ptr<const IPropertyConstraint> DataHelperCodecFFMPEG::OneOf(const std::string* const* first,

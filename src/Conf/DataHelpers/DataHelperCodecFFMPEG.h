@@ -21,9 +21,10 @@ namespace Tervan::Conf {
 // translation and correction. Subclasses add their defaults, constraints and rules.
 class TERVAN_API DataHelperCodecFFMPEG : public RefCounted<IDataHelper> {
 public:
-    // Created while the library loads and shared by every video helper.
-    static const boost::intrusive_ptr<const IPropertyConstraint> s_defaultVideoBitrateConstraint;
-    static const boost::intrusive_ptr<const IPropertyConstraint> s_defaultQualityConstraint;
+    // Created while the library loads, before the registry's helpers, and shared by
+    // every video helper.
+    static const ConstraintPtr s_defaultVideoBitrateConstraint;
+    static const ConstraintPtr s_defaultQualityConstraint;
 
     const std::string& GetCodecID() const { return m_codecId; }
     const std::string& GetEncoderName() const { return m_encoderName; }
@@ -59,6 +60,11 @@ protected:
                       const boost::intrusive_ptr<const IPropertyConstraint>& constraint) const;
     // Proc::IFilterResample::CLASS_ID / Proc::IResample::CLASS_ID / tag
     static std::string ResamplerPath(const std::string& tag);
+    // Constraints and rules are immutable, so a helper builds its own once and hands
+    // out references: these append such prebuilt lists.
+    using ConstraintList = std::vector<std::pair<std::string, ConstraintPtr>>;
+    static void Insert(Constraints& out, const ConstraintList& constraints);
+    static void Append(ValidationRules& out, const ValidationRules& rules);
     // A value set over strings, each labelled by itself, in table order.
     static boost::intrusive_ptr<const IPropertyConstraint> OneOf(const std::string* const* first,
                                                                  const std::string* const* last);
@@ -76,6 +82,10 @@ private:
     PairList<long long> m_sampleRates;
     PairList<std::string> m_channelLayouts;
     PairList<boost::rational<long long>> m_frameRates;
+    // Built from the lists above once load() has filled them.
+    ConstraintPtr m_codecIdConstraint;
+    ConstraintPtr m_frameRateConstraint;
+    ValidationRules m_encoderRules;
 };
 
 }  // namespace Tervan::Conf

@@ -20,11 +20,12 @@ std::string ConstraintPath(const Constraint& row) {
 
 DataHelperVideoCodecBase::~DataHelperVideoCodecBase() = default;
 
-Core::Property DataHelperVideoCodecBase::GetDefaults() const {
-    Core::Property defaults = DataHelperCodecFFMPEG::GetDefaults();
+void DataHelperVideoCodecBase::Interpret(const Default* firstDefault, const Default* lastDefault,
+                                         const Constraint* firstConstraint, const Constraint* lastConstraint) {
+    m_defaults = DataHelperCodecFFMPEG::GetDefaults();
     Core::Property options(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE);
-    for (const Default* row = m_defaults; row != m_defaultsEnd; ++row) {
-        Core::Property& node = row->inOptions ? options : defaults;
+    for (const Default* row = firstDefault; row != lastDefault; ++row) {
+        Core::Property& node = row->inOptions ? options : m_defaults;
         switch (row->kind) {
             case Default::INTEGER:
                 node.CreateChildT(*row->tag, row->number);
@@ -37,8 +38,30 @@ Core::Property DataHelperVideoCodecBase::GetDefaults() const {
                 break;
         }
     }
-    defaults.SetChild(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE, options);
-    return defaults;
+    m_defaults.SetChild(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE, options);
+
+    for (const Constraint* row = firstConstraint; row != lastConstraint; ++row) {
+        ConstraintPtr constraint;
+        switch (row->kind) {
+            case Constraint::DEFAULT_BITRATE:
+                constraint = s_defaultVideoBitrateConstraint;
+                break;
+            case Constraint::DEFAULT_QUALITY:
+                constraint = s_defaultQualityConstraint;
+                break;
+            case Constraint::RANGE:
+                constraint = ConstraintRange::Create(row->lo, row->hi, 0LL);
+                break;
+            case Constraint::VALUES:
+                constraint = OneOf(row->values, row->values + row->valueCount);
+                break;
+        }
+        m_constraints.emplace_back(ConstraintPath(*row), constraint);
+    }
+}
+
+Core::Property DataHelperVideoCodecBase::GetDefaults() const {
+    return m_defaults;
 }
 
 void DataHelperVideoCodecBase::GetRequiredObjects(RequiredObjects& out) const {
@@ -50,23 +73,7 @@ void DataHelperVideoCodecBase::GetRequiredObjects(RequiredObjects& out) const {
 
 void DataHelperVideoCodecBase::GetConstraints(Constraints& out) const {
     DataHelperCodecFFMPEG::GetConstraints(out);
-    for (const Constraint* row = m_constraints; row != m_constraintsEnd; ++row) {
-        boost::intrusive_ptr<const IPropertyConstraint>& entry = out[ConstraintPath(*row)];
-        switch (row->kind) {
-            case Constraint::DEFAULT_BITRATE:
-                entry = s_defaultVideoBitrateConstraint;
-                break;
-            case Constraint::DEFAULT_QUALITY:
-                entry = s_defaultQualityConstraint;
-                break;
-            case Constraint::RANGE:
-                entry = ConstraintRange::Create(row->lo, row->hi, 0LL);
-                break;
-            case Constraint::VALUES:
-                entry = OneOf(row->values, row->values + row->valueCount);
-                break;
-        }
-    }
+    Insert(out, m_constraints);
 }
 
 std::string DataHelperVideoCodecBase::ResizerPath(const std::string& tag) {

@@ -93,30 +93,31 @@ protected:
     DataHelperVideoCodecBase(const std::string& codecId, const VideoCodecTable::Default (&defaults)[D],
                              const VideoCodecTable::Constraint (&constraints)[C],
                              Filters filters = Filters::RESIZE_AND_FRAME_RATE)
-        : DataHelperCodecFFMPEG(codecId, MEDIA_TYPE_VIDEO),
-          m_defaults(defaults),
-          m_defaultsEnd(defaults + D),
-          m_constraints(constraints),
-          m_constraintsEnd(constraints + C),
-          m_filters(filters) {}
+        : DataHelperCodecFFMPEG(codecId, MEDIA_TYPE_VIDEO), m_filters(filters) {
+        Interpret(defaults, defaults + D, constraints, constraints + C);
+    }
     ~DataHelperVideoCodecBase() override;
 
     // Proc::IFilterResize::CLASS_ID / Proc::IResize::CLASS_ID / tag: the output frame.
     static std::string ResizerPath(const std::string& tag);
+    // The codec rules that keep the output frame within bounds.
     template <std::size_t N>
-    void AddFrameBoundRules(ValidationRules& out, const VideoCodecTable::FrameBound (&bounds)[N]) const {
+    ValidationRules FrameBoundRules(const VideoCodecTable::FrameBound (&bounds)[N]) const {
+        ValidationRules rules;
         for (const VideoCodecTable::FrameBound& bound : bounds) {
-            AddFrameBoundRule(out, bound);
+            AddFrameBoundRule(rules, bound);
         }
+        return rules;
     }
 
 private:
+    void Interpret(const VideoCodecTable::Default* firstDefault, const VideoCodecTable::Default* lastDefault,
+                   const VideoCodecTable::Constraint* firstConstraint, const VideoCodecTable::Constraint* lastConstraint);
     void AddFrameBoundRule(ValidationRules& out, const VideoCodecTable::FrameBound& bound) const;
 
-    const VideoCodecTable::Default* m_defaults;
-    const VideoCodecTable::Default* m_defaultsEnd;
-    const VideoCodecTable::Constraint* m_constraints;
-    const VideoCodecTable::Constraint* m_constraintsEnd;
+    // The tables, interpreted once.
+    Core::Property m_defaults;
+    ConstraintList m_constraints;
     Filters m_filters;
 };
 

@@ -39,14 +39,16 @@ boost::intrusive_ptr<const IDataHelper> DataHelperVideoCodecH263::Create() {
 }
 
 DataHelperVideoCodecH263::DataHelperVideoCodecH263()
-    : DataHelperVideoCodecBase(V::CODEC_ID_H263, kDefaults, kConstraints) {}
+    : DataHelperVideoCodecBase(V::CODEC_ID_H263, kDefaults, kConstraints) {
+    AddCodecRule(m_ownRules, ResizerPath(Proc::IResize::FRAME_SIZE_MODE),
+                 SizeConstraints::Create({std::begin(kPictureSizes), std::end(kPictureSizes)}));
+}
 
 DataHelperVideoCodecH263::~DataHelperVideoCodecH263() = default;
 
 void DataHelperVideoCodecH263::GetValidationRules(ValidationRules& out) const {
     DataHelperVideoCodecBase::GetValidationRules(out);
-    AddCodecRule(out, ResizerPath(Proc::IResize::FRAME_SIZE_MODE),
-                 SizeConstraints::Create({std::begin(kPictureSizes), std::end(kPictureSizes)}));
+    Append(out, m_ownRules);
 }
 
 }  // namespace Tervan::Conf

@@ -32,13 +32,14 @@ boost::intrusive_ptr<const IDataHelper> DataHelperVideoCodecMpeg1::Create() {
 }
 
 DataHelperVideoCodecMpeg1::DataHelperVideoCodecMpeg1()
-    : DataHelperVideoCodecBase(V::CODEC_ID_MPEG1VIDEO, kDefaults, kConstraints) {}
+    : DataHelperVideoCodecBase(V::CODEC_ID_MPEG1VIDEO, kDefaults, kConstraints),
+      m_ownRules(FrameBoundRules(kFrameBounds)) {}
 
 DataHelperVideoCodecMpeg1::~DataHelperVideoCodecMpeg1() = default;
 
 void DataHelperVideoCodecMpeg1::GetValidationRules(ValidationRules& out) const {
     DataHelperVideoCodecBase::GetValidationRules(out);
-    AddFrameBoundRules(out, kFrameBounds);
+    Append(out, m_ownRules);
 }
 
 }  // namespace Tervan::Conf

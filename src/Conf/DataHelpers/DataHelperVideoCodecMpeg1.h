@@ -15,6 +15,10 @@ public:
 
 protected:
     ~DataHelperVideoCodecMpeg1() override;
+
+private:
+    // Built once with the helper.
+    ValidationRules m_ownRules;
 };
 
 }  // namespace Tervan::Conf

@@ -40,7 +40,8 @@ boost::intrusive_ptr<const IDataHelper> DataHelperVideoCodecMpeg2::Create() {
 }
 
 DataHelperVideoCodecMpeg2::DataHelperVideoCodecMpeg2()
-    : DataHelperVideoCodecBase(V::CODEC_ID_MPEG2VIDEO, kDefaults, kConstraints) {}
+    : DataHelperVideoCodecBase(V::CODEC_ID_MPEG2VIDEO, kDefaults, kConstraints),
+      m_ownRules(FrameBoundRules(kFrameBounds)) {}
 
 DataHelperVideoCodecMpeg2::~DataHelperVideoCodecMpeg2() = default;
 
@@ -51,7 +52,7 @@ void DataHelperVideoCodecMpeg2::GetValidationRules(ValidationRules& out) const {
     const std::string frameRatePath = Proc::IFilterFrameRate::CLASS_ID + Core::Property::SEPARATOR + V::TAG_FPS;
     std::copy_if(base.begin(), base.end(), std::back_inserter(out),
                  [&frameRatePath](const auto& rule) { return rule.second->GetSecondPath() != frameRatePath; });
-    AddFrameBoundRules(out, kFrameBounds);
+    Append(out, m_ownRules);
 }
 
 }  // namespace Tervan::Conf

@@ -56,16 +56,19 @@ boost::intrusive_ptr<const IDataHelper> DataHelperVideoCodecX264::Create() {
 }
 
 DataHelperVideoCodecX264::DataHelperVideoCodecX264()
-    : DataHelperVideoCodecBase(V::CODEC_ID_H264, kDefaults, kConstraints) {}
+    : DataHelperVideoCodecBase(V::CODEC_ID_H264, kDefaults, kConstraints) {
+    const std::string options = IPreset::KEY_FILTER_VIDEO_CODEC + Core::Property::SEPARATOR +
+                                C::TAG_CODEC_OPTIONS_ENCODE + Core::Property::SEPARATOR;
+    m_ownRules.emplace_back(Core::Property::SEPARATOR,
+                            PairValidationRule::Create(options + C::TAG_PRESET, OneOf(kUltrafast),
+                                                       options + C::TAG_PROFILE, OneOf(kBaseline)));
+}
 
 DataHelperVideoCodecX264::~DataHelperVideoCodecX264() = default;
 
 void DataHelperVideoCodecX264::GetValidationRules(ValidationRules& out) const {
     DataHelperVideoCodecBase::GetValidationRules(out);
-    const std::string options = IPreset::KEY_FILTER_VIDEO_CODEC + Core::Property::SEPARATOR +
-                                C::TAG_CODEC_OPTIONS_ENCODE + Core::Property::SEPARATOR;
-    out.emplace_back(Core::Property::SEPARATOR, PairValidationRule::Create(options + C::TAG_PRESET, OneOf(kUltrafast),
-                                                                           options + C::TAG_PROFILE, OneOf(kBaseline)));
+    Append(out, m_ownRules);
 }
 
 }  // namespace Tervan::Conf

@@ -16,6 +16,10 @@ public:
 
 protected:
     ~DataHelperVideoCodecX264() override;
+
+private:
+    // Built once with the helper.
+    ValidationRules m_ownRules;
 };
 
 }  // namespace Tervan::Conf

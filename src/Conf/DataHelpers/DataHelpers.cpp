@@ -1,6 +1,7 @@
 #include "Conf/DataHelpers/DataHelpers.h"
 
 #include "Conf/ConfException.h"
+#include "Conf/DataHelpers/ConstraintRange.h"
 #include "Conf/DataHelpers/DataHelperAudioCodecAac.h"
 #include "Conf/DataHelpers/DataHelperAudioCodecAc3.h"
 #include "Conf/DataHelpers/DataHelperAudioCodecAlac.h"
@@ -60,6 +61,7 @@
 #include "Conf/DataHelpers/DataHelperVideoResample.h"
 #include "Conf/DataHelpers/DataHelperVideoResize.h"
 #include "Conf/Interfaces/IFormatCodecAudio.h"
+#include "Conf/Interfaces/IFormatCodec.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IFormatFile.h"
 #include "Conf/Interfaces/IPreset.h"
@@ -76,8 +78,9 @@
 #include <vector>
 
 // The tables are built while this library loads. Their keys and the helpers'
-// constructors read only vocabulary constants, which live in the vocabulary and
-// processing libraries this one links: the loader initialises those first, so the
+// constructors read vocabulary constants, which live in the vocabulary and processing
+// libraries this one links (the loader initialises those first), and the codec
+// helpers' class-wide constraints, defined in this file ahead of the tables: so the
 // order is right whichever way this library is linked or opened.
 
 using namespace Tervan;
@@ -86,6 +89,17 @@ using namespace Tervan::Conf;
 namespace {
 
 using Entries = std::vector<std::pair<std::string, DataHelperPtr>>;
+
+}  // namespace
+
+// The codec helpers build their constraints from these when they are constructed, so
+// they are defined here, ahead of the tables in this file.
+const ConstraintPtr DataHelperCodecFFMPEG::s_defaultVideoBitrateConstraint =
+    ConstraintRange::Create(100000LL, IFormatCodecVideo::MAX_VIDEO_BITRATE, 0LL);
+const ConstraintPtr DataHelperCodecFFMPEG::s_defaultQualityConstraint =
+    ConstraintRange::Create(1LL, IFormatCodec::MAX_QUALITY, 0LL);
+
+namespace {
 
 // Where two entries share a key the first wins.
 IDataHelper::DataHelperMap FillTable(const Entries& entries) {
