@@ -1,8 +1,6 @@
 // What a host pays for asking the helpers: lookups, the three per-helper queries, a
 // whole planned MP4 job (from one and from two threads), and the tool's check and fix.
 #include "Benchmarks.h"
-#include "Workload.h"
-
 #include "Conf/DataHelpers/DataHelpers.h"
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
@@ -10,6 +8,7 @@
 #include "Conf/Interfaces/IPreset.h"
 #include "JobCheck.h"
 #include "JobFix.h"
+#include "Workload.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,14 +2,13 @@
 // the library was ready, and how much resident memory the process gained:
 // "<nanoseconds> <KiB>". Links none of the family's libraries and no FFmpeg, so the
 // loader does all of the work inside the measured interval.
-#include <dlfcn.h>
-#include <unistd.h>
-
 #include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <dlfcn.h>
 #include <fstream>
 #include <string>
+#include <unistd.h>
 
 namespace {
 

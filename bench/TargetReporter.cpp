@@ -67,7 +67,8 @@ const Target TARGETS[] = {
      }},
     {"throughput of 2 threads / 1 thread", "x", 1.8, false,
      [](auto&, auto& counter) {
-         return Quotient(counter(THREADS_2.c_str(), "items_per_second"), counter(THREADS_1.c_str(), "items_per_second"));
+         return Quotient(counter(THREADS_2.c_str(), "items_per_second"),
+                         counter(THREADS_1.c_str(), "items_per_second"));
      }},
 };
 

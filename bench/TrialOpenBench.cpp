@@ -1,12 +1,11 @@
 // The alternative a host has without the helpers: open the encoder with the job's
 // settings and see whether it refuses them.
 #include "Benchmarks.h"
-#include "Workload.h"
-
 #include "Conf/Interfaces/IFormatCodec.h"
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IPreset.h"
+#include "Workload.h"
 
 #include <benchmark/benchmark.h>
 
@@ -34,7 +33,7 @@ Core::Property PlannedCodec(const std::string& type) {
     for (const Core::Property& stream : plan.settings[IPreset::KEY_STREAMS]) {
         if (stream[IPreset::KEY_TYPE_ID].GetString() == type) {
             return stream[type == IPreset::STREAM_TYPE_AUDIO ? IPreset::KEY_FILTER_AUDIO_CODEC
-                                                              : IPreset::KEY_FILTER_VIDEO_CODEC];
+                                                             : IPreset::KEY_FILTER_VIDEO_CODEC];
         }
     }
     return Core::Property();
@@ -77,8 +76,7 @@ void TrialOpenAac(benchmark::State& state) {
     TrialOpen(state, "aac", [&](AVCodecContext& context, AVDictionary** /*options*/) {
         context.sample_rate = static_cast<int>(codec[IFormatCodecAudio::TAG_SAMPLE_RATE].GetInt64());
         context.sample_fmt = av_get_sample_fmt(codec[IFormatCodecAudio::TAG_SAMPLE_FORMAT].GetString().c_str());
-        av_channel_layout_from_string(&context.ch_layout,
-                                      codec[IFormatCodecAudio::TAG_LAYOUT].GetString().c_str());
+        av_channel_layout_from_string(&context.ch_layout, codec[IFormatCodecAudio::TAG_LAYOUT].GetString().c_str());
         context.bit_rate = codec[IFormatCodec::TAG_BITRATE].GetInt64();
         context.time_base = AVRational{1, context.sample_rate};
     });

@@ -33,9 +33,9 @@ std::size_t BrokenRules(const IDataHelper& helper, const Core::Property& stream)
     IDataHelper::ValidationRules rules;
     helper.GetValidationRules(rules);
     return static_cast<std::size_t>(std::count_if(rules.begin(), rules.end(), [&](const auto& entry) {
-        const auto check = Conf::ValidationRuleCheck::Evaluate(*entry.second, stream);
-        const bool applies = check.verdict != Conf::ValidationRuleCheck::MISSING_SETTING ||
-                             check.path != entry.second->GetFirstPath();
+        const auto check = Conf::ValidationRuleCheck::EvaluateVerdict(*entry.second, stream);
+        const bool applies =
+            check.verdict != Conf::ValidationRuleCheck::MISSING_SETTING || check.path != entry.second->GetFirstPath();
         return applies && check.verdict != Conf::ValidationRuleCheck::HOLDS;
     }));
 }

@@ -41,8 +41,8 @@ private:
 
 struct PlanResult {
     Core::Property settings;
-    std::size_t offers = 0;            // labels and bounds shown to the user
-    std::size_t brokenRules = 0;       // rules the planned job still breaks
+    std::size_t offers = 0;       // labels and bounds shown to the user
+    std::size_t brokenRules = 0;  // rules the planned job still breaks
     std::size_t requiredFilters = 0;
 };
 

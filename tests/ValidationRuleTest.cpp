@@ -99,6 +99,11 @@ TEST(ValidationRuleCheck, VerdictsOnUntrustedTrees) {
         EXPECT_EQ(check.verdict, c.verdict);
         EXPECT_EQ(check.path, c.path);
         EXPECT_NE(check.detail.find(c.path), std::string::npos) << check.detail;
+        // The quick form agrees and spends nothing on prose, except on a type mismatch.
+        const ValidationRuleCheck quick = ValidationRuleCheck::EvaluateVerdict(*rule, c.job);
+        EXPECT_EQ(quick.verdict, c.verdict);
+        EXPECT_EQ(quick.path, c.path);
+        EXPECT_EQ(quick.detail.empty(), c.verdict != ValidationRuleCheck::WRONG_TYPE) << quick.detail;
     }
     EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, Job("h263", 320)).detail,
               "frame/width is 320, not admitted while codec/id is h263");

@@ -1,9 +1,9 @@
 #include "Core/Property.h"
 
-
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <string_view>
 
 namespace Tervan::Core {
 
@@ -31,14 +31,30 @@ Property& Property::AssignValue(Value value) {
     return *this;
 }
 
-Property& Property::operator=(bool value) { return AssignValue(value); }
-Property& Property::operator=(int value) { return AssignValue(static_cast<long long>(value)); }
-Property& Property::operator=(long value) { return AssignValue(static_cast<long long>(value)); }
-Property& Property::operator=(long long value) { return AssignValue(value); }
-Property& Property::operator=(double value) { return AssignValue(value); }
-Property& Property::operator=(const std::string& value) { return AssignValue(value); }
-Property& Property::operator=(const char* value) { return AssignValue(std::string(value)); }
-Property& Property::operator=(const Ratio& value) { return AssignValue(value); }
+Property& Property::operator=(bool value) {
+    return AssignValue(value);
+}
+Property& Property::operator=(int value) {
+    return AssignValue(static_cast<long long>(value));
+}
+Property& Property::operator=(long value) {
+    return AssignValue(static_cast<long long>(value));
+}
+Property& Property::operator=(long long value) {
+    return AssignValue(value);
+}
+Property& Property::operator=(double value) {
+    return AssignValue(value);
+}
+Property& Property::operator=(const std::string& value) {
+    return AssignValue(value);
+}
+Property& Property::operator=(const char* value) {
+    return AssignValue(std::string(value));
+}
+Property& Property::operator=(const Ratio& value) {
+    return AssignValue(value);
+}
 
 PropertyTypes Property::GetType() const {
     static constexpr std::array<PropertyTypes, 6> byIndex = {TYPE_CONTAINER, TYPE_BOOL,   TYPE_DOUBLE,
@@ -112,7 +128,9 @@ Property::Ratio Property::GetRatio() const {
     ThrowWrongType("GetRatio");
 }
 
-Property& Property::SetChild(const std::string& name) { return SetChild(name, Property(name)); }
+Property& Property::SetChild(const std::string& name) {
+    return SetChild(name, Property(name));
+}
 
 Property& Property::SetChild(const std::string& name, const Property& value) {
     if (GetType() != TYPE_CONTAINER) {
@@ -140,14 +158,22 @@ const Property* Property::FindChild(const std::string& name) const {
 }
 
 const Property* Property::FindChildByPath(const std::string& path) const {
+    // Rules and constraints look paths up on every check: walk them without copying names.
+    const std::string_view whole(path);
     const Property* node = this;
-    std::string::size_type start = 0;
+    std::string_view::size_type start = 0;
     while (node != nullptr) {
-        const std::string::size_type end = path.find(SEPARATOR, start);
-        if (end == std::string::npos) {
-            return node->FindChild(path.substr(start));
+        const std::string_view::size_type end = whole.find(SEPARATOR, start);
+        const std::string_view name = whole.substr(start, end == std::string_view::npos ? end : end - start);
+        const auto child = std::find_if(node->m_children.begin(), node->m_children.end(),
+                                        [name](const Property& candidate) { return candidate.m_name == name; });
+        if (child == node->m_children.end()) {
+            return nullptr;
         }
-        node = node->FindChild(path.substr(start, end - start));
+        if (end == std::string_view::npos) {
+            return &*child;
+        }
+        node = &*child;
         start = end + SEPARATOR.size();
     }
     return nullptr;
@@ -157,18 +183,19 @@ const Property& Property::ChildByPath(const std::string& path) const {
     if (const Property* node = FindChildByPath(path)) {
         return *node;
     }
-    BOOST_THROW_EXCEPTION(AddStack(PropertyException()
-                                   << PropertyException::TagMethodName("ChildByPath")
-                                   << PropertyException::TagPropertyName(path)
-                                   << PropertyException::TagPropertyType(GetType())
-                                   << Exception::TagDescription("No property at path '" + path + "'")));
+    BOOST_THROW_EXCEPTION(AddStack(
+        PropertyException() << PropertyException::TagMethodName("ChildByPath")
+                            << PropertyException::TagPropertyName(path) << PropertyException::TagPropertyType(GetType())
+                            << Exception::TagDescription("No property at path '" + path + "'")));
 }
 
 Property& Property::ChildByPath(const std::string& path) {
     return const_cast<Property&>(static_cast<const Property*>(this)->ChildByPath(path));
 }
 
-bool Property::ChildExists(const std::string& name) const { return FindChild(name) != nullptr; }
+bool Property::ChildExists(const std::string& name) const {
+    return FindChild(name) != nullptr;
+}
 
 void Property::RemoveChild(const std::string& name) {
     auto it = std::find_if(m_children.begin(), m_children.end(),
@@ -178,7 +205,9 @@ void Property::RemoveChild(const std::string& name) {
     }
 }
 
-void Property::RemoveAll() { m_children.clear(); }
+void Property::RemoveAll() {
+    m_children.clear();
+}
 
 Property& Property::operator[](const std::string& name) {
     if (Property* child = FindChild(name)) {
@@ -191,11 +220,10 @@ const Property& Property::operator[](const std::string& name) const {
     if (const Property* child = FindChild(name)) {
         return *child;
     }
-    BOOST_THROW_EXCEPTION(AddStack(PropertyException()
-                                   << PropertyException::TagMethodName("operator[]")
-                                   << PropertyException::TagPropertyName(name)
-                                   << PropertyException::TagPropertyType(GetType())
-                                   << Exception::TagDescription("No child '" + name + "' in '" + m_name + "'")));
+    BOOST_THROW_EXCEPTION(AddStack(
+        PropertyException() << PropertyException::TagMethodName("operator[]")
+                            << PropertyException::TagPropertyName(name) << PropertyException::TagPropertyType(GetType())
+                            << Exception::TagDescription("No child '" + name + "' in '" + m_name + "'")));
 }
 
 const Property& Property::operator[](unsigned long index) const {
@@ -239,23 +267,23 @@ bool Property::operator==(const Property& other) const {
 
 std::string PropertyValueToString(const Property& property) {
     switch (property.GetType()) {
-    case TYPE_BOOL:
-        return property.GetBool() ? "true" : "false";
-    case TYPE_DOUBLE: {
-        std::array<char, 32> buffer{};
-        auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), property.GetDouble());
-        return std::string(buffer.data(), result.ptr);
-    }
-    case TYPE_INT64:
-        return std::to_string(property.GetInt64());
-    case TYPE_STRING:
-        return property.GetString();
-    case TYPE_RATIONAL: {
-        const Property::Ratio r = property.GetRatio();
-        return std::to_string(r.numerator()) + "/" + std::to_string(r.denominator());
-    }
-    case TYPE_CONTAINER:
-        break;
+        case TYPE_BOOL:
+            return property.GetBool() ? "true" : "false";
+        case TYPE_DOUBLE: {
+            std::array<char, 32> buffer{};
+            auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), property.GetDouble());
+            return std::string(buffer.data(), result.ptr);
+        }
+        case TYPE_INT64:
+            return std::to_string(property.GetInt64());
+        case TYPE_STRING:
+            return property.GetString();
+        case TYPE_RATIONAL: {
+            const Property::Ratio r = property.GetRatio();
+            return std::to_string(r.numerator()) + "/" + std::to_string(r.denominator());
+        }
+        case TYPE_CONTAINER:
+            break;
     }
     return "{" + std::to_string(property.Count()) + " children}";
 }

@@ -228,7 +228,7 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
         if (rule.GetFirstConstraint() && !firstPath.empty() && view.FindChildByPath(firstPath) == nullptr) {
             continue;  // the rule concerns another kind of stream
         }
-        const Conf::ValidationRuleCheck result = Conf::ValidationRuleCheck::Evaluate(rule, view);
+        const Conf::ValidationRuleCheck result = Conf::ValidationRuleCheck::EvaluateVerdict(rule, view);
         // Report where the job holds the value: a side filled only for the rules is the codec's.
         std::string where = result.path;
         if (stream.node->FindChildByPath(where) == nullptr) {

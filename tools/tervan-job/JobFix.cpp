@@ -354,7 +354,7 @@ void JobEditor::FixRules(const StreamRef& stream) {
             if (rule.GetFirstConstraint() && !firstPath.empty() && view.FindChildByPath(firstPath) == nullptr) {
                 continue;
             }
-            const Conf::ValidationRuleCheck result = Conf::ValidationRuleCheck::Evaluate(rule, view);
+            const Conf::ValidationRuleCheck result = Conf::ValidationRuleCheck::EvaluateVerdict(rule, view);
             if (result.verdict != Conf::ValidationRuleCheck::BROKEN) {
                 continue;
             }

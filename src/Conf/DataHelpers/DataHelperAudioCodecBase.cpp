@@ -73,12 +73,12 @@ void DataHelperAudioCodecBase::GetValidationRules(ValidationRules& out) const {
     if (m_encoderRules == EncoderRules::KEPT) {
         DataHelperCodecFFMPEG::GetValidationRules(out);
     }
-    Append(out, m_rules);
+    AppendRules(out, m_rules);
 }
 
 void DataHelperAudioCodecBase::GetConstraints(Constraints& out) const {
     DataHelperCodecFFMPEG::GetConstraints(out);
-    Insert(out, m_constraints);
+    InsertConstraints(out, m_constraints);
 }
 
 std::string DataHelperAudioCodecBase::CodecPath(const std::string& tag) {

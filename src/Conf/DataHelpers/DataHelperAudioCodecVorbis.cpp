@@ -118,7 +118,7 @@ const std::vector<DataHelperAudioCodecVorbis::OperatingPoint>& DataHelperAudioCo
 
 void DataHelperAudioCodecVorbis::GetValidationRules(ValidationRules& out) const {
     DataHelperAudioCodecBase::GetValidationRules(out);
-    Append(out, m_ownRules);
+    AppendRules(out, m_ownRules);
 }
 
 void DataHelperAudioCodecVorbis::CorrectFormatCodec(Core::Property& settings) const {

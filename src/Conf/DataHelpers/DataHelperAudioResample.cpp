@@ -33,9 +33,12 @@ Core::Property DataHelperAudioResample::GetDefaults() const {
     return Proc::IFilterResample::MakeSettings(CH_LAYOUT_STEREO, 44100);
 }
 
+DataHelperAudioResample::DataHelperAudioResample()
+    : m_constraints{{ResamplerPath(A::TAG_LAYOUT), StringSet(kLayouts)},
+                    {ResamplerPath(A::TAG_SAMPLE_RATE), ConstraintSet::Create(CreatePairValueList(kSampleRates))}} {}
+
 void DataHelperAudioResample::GetConstraints(Constraints& out) const {
-    out[ResamplerPath(A::TAG_LAYOUT)] = StringSet(kLayouts);
-    out[ResamplerPath(A::TAG_SAMPLE_RATE)] = ConstraintSet::Create(CreatePairValueList(kSampleRates));
+    InsertConstraints(out, m_constraints);
 }
 
 void DataHelperAudioResample::ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const {

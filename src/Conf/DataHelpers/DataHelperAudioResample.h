@@ -15,8 +15,11 @@ public:
     void ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const override;
 
 protected:
-    DataHelperAudioResample() = default;
+    DataHelperAudioResample();
     ~DataHelperAudioResample() override;
+
+private:
+    ConstraintList m_constraints;
 };
 
 }  // namespace Tervan::Conf

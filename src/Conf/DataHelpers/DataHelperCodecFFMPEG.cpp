@@ -224,7 +224,7 @@ Core::Property DataHelperCodecFFMPEG::GetDefaults() const {
 void DataHelperCodecFFMPEG::GetRequiredObjects(RequiredObjects&) const {}
 
 void DataHelperCodecFFMPEG::GetValidationRules(ValidationRules& out) const {
-    Append(out, m_encoderRules);
+    AppendRules(out, m_encoderRules);
 }
 
 void DataHelperCodecFFMPEG::GetConstraints(Constraints& out) const {
@@ -323,16 +323,6 @@ void DataHelperCodecFFMPEG::AddCodecRule(ValidationRules& out, const std::string
 std::string DataHelperCodecFFMPEG::ResamplerPath(const std::string& tag) {
     return Proc::IFilterResample::CLASS_ID + Core::Property::SEPARATOR + Proc::IResample::CLASS_ID +
            Core::Property::SEPARATOR + tag;
-}
-
-void DataHelperCodecFFMPEG::Insert(Constraints& out, const ConstraintList& constraints) {
-    for (const auto& [key, constraint] : constraints) {
-        out[key] = constraint;
-    }
-}
-
-void DataHelperCodecFFMPEG::Append(ValidationRules& out, const ValidationRules& rules) {
-    out.insert(out.end(), rules.begin(), rules.end());
 }
 
 boost::intrusive_ptr<const IPropertyConstraint> DataHelperCodecFFMPEG::OneOf(const std::string* const* first,

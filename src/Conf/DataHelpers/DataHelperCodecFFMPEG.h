@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Conf/DataHelpers/PairList.h"
+#include "Conf/DataHelpers/PrebuiltLists.h"
 #include "Conf/Interfaces/IDataHelper.h"
 #include "Conf/SampleFormats.h"
 #include "Core/Property.h"
@@ -60,11 +61,6 @@ protected:
                       const boost::intrusive_ptr<const IPropertyConstraint>& constraint) const;
     // Proc::IFilterResample::CLASS_ID / Proc::IResample::CLASS_ID / tag
     static std::string ResamplerPath(const std::string& tag);
-    // Constraints and rules are immutable, so a helper builds its own once and hands
-    // out references: these append such prebuilt lists.
-    using ConstraintList = std::vector<std::pair<std::string, ConstraintPtr>>;
-    static void Insert(Constraints& out, const ConstraintList& constraints);
-    static void Append(ValidationRules& out, const ValidationRules& rules);
     // A value set over strings, each labelled by itself, in table order.
     static boost::intrusive_ptr<const IPropertyConstraint> OneOf(const std::string* const* first,
                                                                  const std::string* const* last);

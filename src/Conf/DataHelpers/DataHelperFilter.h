@@ -2,6 +2,7 @@
 
 #include "Conf/DataHelpers/ConstraintSet.h"
 #include "Conf/DataHelpers/PairList.h"
+#include "Conf/DataHelpers/PrebuiltLists.h"
 #include "Conf/Interfaces/IDataHelper.h"
 
 #include <cstddef>

@@ -84,7 +84,9 @@ void DataHelperFormatContainer::AddFormatSettings(Core::Property&) const {}
 
 void DataHelperFormatContainer::GetRequiredObjects(RequiredObjects&) const {}
 
-void DataHelperFormatContainer::GetValidationRules(ValidationRules&) const {}
+void DataHelperFormatContainer::GetValidationRules(ValidationRules& out) const {
+    AppendRules(out, m_rules);
+}
 
 void DataHelperFormatContainer::GetConstraints(Constraints& out) const {
     if (HasVideoCodecs()) {
@@ -93,14 +95,25 @@ void DataHelperFormatContainer::GetConstraints(Constraints& out) const {
     if (HasAudioCodecs()) {
         out[AudioCodecKey()] = AudioCodecsConstraint();
     }
+    InsertConstraints(out, m_constraints);
 }
 
-std::string DataHelperFormatContainer::VideoCodecKey() {
-    return CodecKey(IPreset::STREAM_TYPE_VIDEO, IPreset::KEY_FILTER_VIDEO_CODEC);
+void DataHelperFormatContainer::AddRule(const boost::intrusive_ptr<IValidationRule>& rule) {
+    m_rules.emplace_back(Core::Property::SEPARATOR, rule);
 }
 
-std::string DataHelperFormatContainer::AudioCodecKey() {
-    return CodecKey(IPreset::STREAM_TYPE_AUDIO, IPreset::KEY_FILTER_AUDIO_CODEC);
+void DataHelperFormatContainer::AddConstraint(const std::string& key, const ConstraintPtr& constraint) {
+    m_constraints.emplace_back(key, constraint);
+}
+
+const std::string& DataHelperFormatContainer::VideoCodecKey() {
+    static const std::string key = CodecKey(IPreset::STREAM_TYPE_VIDEO, IPreset::KEY_FILTER_VIDEO_CODEC);
+    return key;
+}
+
+const std::string& DataHelperFormatContainer::AudioCodecKey() {
+    static const std::string key = CodecKey(IPreset::STREAM_TYPE_AUDIO, IPreset::KEY_FILTER_AUDIO_CODEC);
+    return key;
 }
 
 boost::intrusive_ptr<IValidationRule> DataHelperFormatContainer::SampleRateRule(

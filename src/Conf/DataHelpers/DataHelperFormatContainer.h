@@ -2,6 +2,7 @@
 
 #include "Conf/DataHelpers/DataHelperFormatBase.h"
 #include "Conf/DataHelpers/PairList.h"
+#include "Conf/DataHelpers/PrebuiltLists.h"
 
 #include <boost/rational.hpp>
 
@@ -53,8 +54,8 @@ protected:
     virtual void AddFormatSettings(Core::Property& format) const;
 
     // Constraint keys of the codec of every stream of that kind.
-    static std::string VideoCodecKey();
-    static std::string AudioCodecKey();
+    static const std::string& VideoCodecKey();
+    static const std::string& AudioCodecKey();
 
     // (identifier, identifier) pairs for string sets.
     template <std::size_t N>
@@ -74,7 +75,14 @@ protected:
         const boost::intrusive_ptr<const IPropertyConstraint>& codecs,
         const PairList<boost::rational<long long>>& rates);
 
+    // Subclasses add their own rules and constraints while they are constructed; the
+    // helper hands them out after the container's, a constraint replacing any of its key.
+    void AddRule(const boost::intrusive_ptr<IValidationRule>& rule);
+    void AddConstraint(const std::string& key, const ConstraintPtr& constraint);
+
 private:
+    ConstraintList m_constraints;
+    ValidationRules m_rules;
     const std::string* m_identifierKey;
     std::string m_identifier;
     unsigned m_flags;

@@ -57,7 +57,34 @@ std::string FirstVideoStreamPath(const std::string& setting) {
 
 }  // namespace
 
-DataHelperFormatDVD::DataHelperFormatDVD() : DataHelperFormatContainer(kDescription) {}
+DataHelperFormatDVD::DataHelperFormatDVD() : DataHelperFormatContainer(kDescription) {
+    const std::string videoCodec = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_CODEC_ID);
+    const std::string videoBitrate = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_BITRATE);
+    const std::string audioCodec = AudioCodecIdPath();
+    const boost::intrusive_ptr<const IPropertyConstraint> discAudio =
+        ConstraintSet::Create(IdentifierPairs(kDiscAudio));
+    AddRule(PairValidationRule::Create(videoCodec, ConstraintSet::Create(IdentifierPairs(kMpeg2Video)), videoBitrate,
+                                       ConstraintRange::Create(kMinVideoBitrate, kMaxMpeg2Bitrate, 0LL)));
+    AddRule(PairValidationRule::Create(videoCodec, ConstraintSet::Create(IdentifierPairs(kMpeg1Video)), videoBitrate,
+                                       ConstraintRange::Create(kMinVideoBitrate, kMaxMpeg1Bitrate, 0LL)));
+    AddRule(PairValidationRule::Create(audioCodec, discAudio,
+                                       Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_BITRATE_MODE),
+                                       ConstraintSet::Create(IdentifierPairs(kAudioBitrateModes))));
+    AddRule(PairValidationRule::Create(audioCodec, discAudio,
+                                       Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_BITRATE),
+                                       ConstraintSet::Create(CreatePairValueList(kAudioBitrates))));
+    AddRule(SampleRateRule(discAudio, CreatePairValueList(kSampleRates)));
+    AddConstraint(F::TAG_DVD_STANDARD, ConstraintSet::Create(IdentifierPairs(kStandards)));
+    // Labelled by the disc's name, not by its size.
+    AddConstraint(F::TAG_DISK_SIZE,
+                  ConstraintSet::Create(PairList<long long>(BeginPairList(F::DISK_TYPE_DVD_MINI, F::DISK_SIZE_DVD_MINI)(
+                      F::DISK_TYPE_DVD_STANDARD, F::DISK_SIZE_DVD_STANDARD)(F::DISK_TYPE_DVD_DOUBLE_LAYER,
+                                                                            F::DISK_SIZE_DVD_DOUBLE_LAYER))));
+    AddConstraint(FirstVideoStreamPath(IFormatCodec::TAG_BITRATE_MODE),
+                  ConstraintSet::Create(IdentifierPairs(kVideoBitrateModes)));
+    AddConstraint(FirstVideoStreamPath(IFormatCodec::TAG_BITRATE),
+                  ConstraintRange::Create(kMinVideoBitrate, V::MAX_VIDEO_BITRATE, 0LL));
+}
 
 DataHelperFormatDVD::~DataHelperFormatDVD() = default;
 
@@ -68,42 +95,6 @@ boost::intrusive_ptr<const IDataHelper> DataHelperFormatDVD::Create() {
 void DataHelperFormatDVD::AddFormatSettings(Core::Property& format) const {
     format.SetChildT(F::TAG_DVD_STANDARD, F::DVD_STANDARD_NTSC);
     format.SetChildT(F::TAG_DISK_SIZE, F::DISK_SIZE_DVD_STANDARD);
-}
-
-void DataHelperFormatDVD::GetValidationRules(ValidationRules& out) const {
-    DataHelperFormatContainer::GetValidationRules(out);
-    const std::string videoCodec = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_CODEC_ID);
-    const std::string videoBitrate = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_BITRATE);
-    const std::string audioCodec = AudioCodecIdPath();
-    const boost::intrusive_ptr<const IPropertyConstraint> discAudio =
-        ConstraintSet::Create(IdentifierPairs(kDiscAudio));
-    const auto add = [&out](const boost::intrusive_ptr<IValidationRule>& rule) {
-        out.emplace_back(Core::Property::SEPARATOR, rule);
-    };
-    add(PairValidationRule::Create(videoCodec, ConstraintSet::Create(IdentifierPairs(kMpeg2Video)), videoBitrate,
-                                   ConstraintRange::Create(kMinVideoBitrate, kMaxMpeg2Bitrate, 0LL)));
-    add(PairValidationRule::Create(videoCodec, ConstraintSet::Create(IdentifierPairs(kMpeg1Video)), videoBitrate,
-                                   ConstraintRange::Create(kMinVideoBitrate, kMaxMpeg1Bitrate, 0LL)));
-    add(PairValidationRule::Create(audioCodec, discAudio,
-                                   Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_BITRATE_MODE),
-                                   ConstraintSet::Create(IdentifierPairs(kAudioBitrateModes))));
-    add(PairValidationRule::Create(audioCodec, discAudio,
-                                   Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_BITRATE),
-                                   ConstraintSet::Create(CreatePairValueList(kAudioBitrates))));
-    add(SampleRateRule(discAudio, CreatePairValueList(kSampleRates)));
-}
-
-void DataHelperFormatDVD::GetConstraints(Constraints& out) const {
-    DataHelperFormatContainer::GetConstraints(out);
-    out[F::TAG_DVD_STANDARD] = ConstraintSet::Create(IdentifierPairs(kStandards));
-    // Labelled by the disc's name, not by its size.
-    out[F::TAG_DISK_SIZE] = ConstraintSet::Create(PairList<long long>(BeginPairList(
-        F::DISK_TYPE_DVD_MINI, F::DISK_SIZE_DVD_MINI)(F::DISK_TYPE_DVD_STANDARD, F::DISK_SIZE_DVD_STANDARD)(
-        F::DISK_TYPE_DVD_DOUBLE_LAYER, F::DISK_SIZE_DVD_DOUBLE_LAYER)));
-    out[FirstVideoStreamPath(IFormatCodec::TAG_BITRATE_MODE)] =
-        ConstraintSet::Create(IdentifierPairs(kVideoBitrateModes));
-    out[FirstVideoStreamPath(IFormatCodec::TAG_BITRATE)] =
-        ConstraintRange::Create(kMinVideoBitrate, V::MAX_VIDEO_BITRATE, 0LL);
 }
 
 }  // namespace Tervan::Conf

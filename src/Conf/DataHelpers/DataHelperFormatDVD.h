@@ -12,9 +12,6 @@ class TERVAN_API DataHelperFormatDVD : public DataHelperFormatContainer {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
 
-    void GetValidationRules(ValidationRules& out) const override;
-    void GetConstraints(Constraints& out) const override;
-
 protected:
     DataHelperFormatDVD();
     ~DataHelperFormatDVD() override;

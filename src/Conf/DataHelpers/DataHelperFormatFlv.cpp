@@ -30,18 +30,14 @@ constexpr long long kSampleRates[] = {11025, 22050, 44100};
 
 }  // namespace
 
-DataHelperFormatFlv::DataHelperFormatFlv() : DataHelperFormatContainer(kDescription) {}
+DataHelperFormatFlv::DataHelperFormatFlv() : DataHelperFormatContainer(kDescription) {
+    AddRule(SampleRateRule(AudioCodecsConstraint(), CreatePairValueList(kSampleRates)));
+}
 
 DataHelperFormatFlv::~DataHelperFormatFlv() = default;
 
 boost::intrusive_ptr<const IDataHelper> DataHelperFormatFlv::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperFormatFlv());
-}
-
-void DataHelperFormatFlv::GetValidationRules(ValidationRules& out) const {
-    DataHelperFormatContainer::GetValidationRules(out);
-    out.emplace_back(Core::Property::SEPARATOR,
-                     SampleRateRule(AudioCodecsConstraint(), CreatePairValueList(kSampleRates)));
 }
 
 }  // namespace Tervan::Conf

@@ -40,18 +40,14 @@ const PairList<Ratio>& GifFrameRates() {
 
 }  // namespace
 
-DataHelperFormatGif::DataHelperFormatGif() : DataHelperFormatContainer(kDescription) {}
+DataHelperFormatGif::DataHelperFormatGif() : DataHelperFormatContainer(kDescription) {
+    AddRule(FrameRateRule(ConstraintSet::Create(IdentifierPairs(kFrameRateCodecs)), GifFrameRates()));
+}
 
 DataHelperFormatGif::~DataHelperFormatGif() = default;
 
 boost::intrusive_ptr<const IDataHelper> DataHelperFormatGif::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperFormatGif());
-}
-
-void DataHelperFormatGif::GetValidationRules(ValidationRules& out) const {
-    DataHelperFormatContainer::GetValidationRules(out);
-    out.emplace_back(Core::Property::SEPARATOR,
-                     FrameRateRule(ConstraintSet::Create(IdentifierPairs(kFrameRateCodecs)), GifFrameRates()));
 }
 
 }  // namespace Tervan::Conf

@@ -11,8 +11,6 @@ class TERVAN_API DataHelperFormatGif : public DataHelperFormatContainer {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
 
-    void GetValidationRules(ValidationRules& out) const override;
-
 protected:
     DataHelperFormatGif();
     ~DataHelperFormatGif() override;

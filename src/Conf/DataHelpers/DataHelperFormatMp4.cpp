@@ -32,19 +32,15 @@ constexpr long long kSampleRates[] = {44100, 48000, 32000, 22050, 24000, 16000};
 
 }  // namespace
 
-DataHelperFormatMp4::DataHelperFormatMp4() : DataHelperFormatContainer(kDescription) {}
+DataHelperFormatMp4::DataHelperFormatMp4() : DataHelperFormatContainer(kDescription) {
+    AddRule(
+        SampleRateRule(ConstraintSet::Create(IdentifierPairs(kRateLimitedCodecs)), CreatePairValueList(kSampleRates)));
+}
 
 DataHelperFormatMp4::~DataHelperFormatMp4() = default;
 
 boost::intrusive_ptr<const IDataHelper> DataHelperFormatMp4::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperFormatMp4());
-}
-
-void DataHelperFormatMp4::GetValidationRules(ValidationRules& out) const {
-    DataHelperFormatContainer::GetValidationRules(out);
-    out.emplace_back(
-        Core::Property::SEPARATOR,
-        SampleRateRule(ConstraintSet::Create(IdentifierPairs(kRateLimitedCodecs)), CreatePairValueList(kSampleRates)));
 }
 
 }  // namespace Tervan::Conf

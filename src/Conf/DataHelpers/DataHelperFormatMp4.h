@@ -11,8 +11,6 @@ class TERVAN_API DataHelperFormatMp4 : public DataHelperFormatContainer {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
 
-    void GetValidationRules(ValidationRules& out) const override;
-
 protected:
     DataHelperFormatMp4();
     ~DataHelperFormatMp4() override;

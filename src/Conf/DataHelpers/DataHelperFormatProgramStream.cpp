@@ -24,15 +24,11 @@ const PairList<Ratio>& MpegFrameRates() {
 }  // namespace
 
 DataHelperFormatProgramStream::DataHelperFormatProgramStream(const Description& description,
-                                                             PairList<std::string> frameRateCodecs)
-    : DataHelperFormatContainer(description), m_frameRateCodecs(std::move(frameRateCodecs)) {}
+                                                             const PairList<std::string>& frameRateCodecs)
+    : DataHelperFormatContainer(description) {
+    AddRule(FrameRateRule(ConstraintSet::Create(frameRateCodecs), MpegFrameRates()));
+}
 
 DataHelperFormatProgramStream::~DataHelperFormatProgramStream() = default;
-
-void DataHelperFormatProgramStream::GetValidationRules(ValidationRules& out) const {
-    DataHelperFormatContainer::GetValidationRules(out);
-    out.emplace_back(Core::Property::SEPARATOR,
-                     FrameRateRule(ConstraintSet::Create(m_frameRateCodecs), MpegFrameRates()));
-}
 
 }  // namespace Tervan::Conf

@@ -9,16 +9,10 @@ namespace Tervan::Conf {
 
 // An MPEG program stream: its MPEG video may only run at the MPEG frame rates.
 class TERVAN_API DataHelperFormatProgramStream : public DataHelperFormatContainer {
-public:
-    void GetValidationRules(ValidationRules& out) const override;
-
 protected:
     // frameRateCodecs: the video codecs held to the MPEG frame rates.
-    DataHelperFormatProgramStream(const Description& description, PairList<std::string> frameRateCodecs);
+    DataHelperFormatProgramStream(const Description& description, const PairList<std::string>& frameRateCodecs);
     ~DataHelperFormatProgramStream() override;
-
-private:
-    PairList<std::string> m_frameRateCodecs;
 };
 
 }  // namespace Tervan::Conf

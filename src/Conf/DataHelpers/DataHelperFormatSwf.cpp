@@ -30,18 +30,14 @@ constexpr long long kSampleRates[] = {11025, 22050, 44100};
 
 }  // namespace
 
-DataHelperFormatSwf::DataHelperFormatSwf() : DataHelperFormatContainer(kDescription) {}
+DataHelperFormatSwf::DataHelperFormatSwf() : DataHelperFormatContainer(kDescription) {
+    AddRule(SampleRateRule(AudioCodecsConstraint(), CreatePairValueList(kSampleRates)));
+}
 
 DataHelperFormatSwf::~DataHelperFormatSwf() = default;
 
 boost::intrusive_ptr<const IDataHelper> DataHelperFormatSwf::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperFormatSwf());
-}
-
-void DataHelperFormatSwf::GetValidationRules(ValidationRules& out) const {
-    DataHelperFormatContainer::GetValidationRules(out);
-    out.emplace_back(Core::Property::SEPARATOR,
-                     SampleRateRule(AudioCodecsConstraint(), CreatePairValueList(kSampleRates)));
 }
 
 }  // namespace Tervan::Conf

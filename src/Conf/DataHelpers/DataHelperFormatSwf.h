@@ -11,8 +11,6 @@ class TERVAN_API DataHelperFormatSwf : public DataHelperFormatContainer {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
 
-    void GetValidationRules(ValidationRules& out) const override;
-
 protected:
     DataHelperFormatSwf();
     ~DataHelperFormatSwf() override;

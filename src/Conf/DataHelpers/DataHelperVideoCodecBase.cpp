@@ -73,7 +73,7 @@ void DataHelperVideoCodecBase::GetRequiredObjects(RequiredObjects& out) const {
 
 void DataHelperVideoCodecBase::GetConstraints(Constraints& out) const {
     DataHelperCodecFFMPEG::GetConstraints(out);
-    Insert(out, m_constraints);
+    InsertConstraints(out, m_constraints);
 }
 
 std::string DataHelperVideoCodecBase::ResizerPath(const std::string& tag) {

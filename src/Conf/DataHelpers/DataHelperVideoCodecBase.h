@@ -112,7 +112,8 @@ protected:
 
 private:
     void Interpret(const VideoCodecTable::Default* firstDefault, const VideoCodecTable::Default* lastDefault,
-                   const VideoCodecTable::Constraint* firstConstraint, const VideoCodecTable::Constraint* lastConstraint);
+                   const VideoCodecTable::Constraint* firstConstraint,
+                   const VideoCodecTable::Constraint* lastConstraint);
     void AddFrameBoundRule(ValidationRules& out, const VideoCodecTable::FrameBound& bound) const;
 
     // The tables, interpreted once.

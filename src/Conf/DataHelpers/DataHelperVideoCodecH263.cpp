@@ -48,7 +48,7 @@ DataHelperVideoCodecH263::~DataHelperVideoCodecH263() = default;
 
 void DataHelperVideoCodecH263::GetValidationRules(ValidationRules& out) const {
     DataHelperVideoCodecBase::GetValidationRules(out);
-    Append(out, m_ownRules);
+    AppendRules(out, m_ownRules);
 }
 
 }  // namespace Tervan::Conf

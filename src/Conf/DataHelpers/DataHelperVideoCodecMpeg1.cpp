@@ -39,7 +39,7 @@ DataHelperVideoCodecMpeg1::~DataHelperVideoCodecMpeg1() = default;
 
 void DataHelperVideoCodecMpeg1::GetValidationRules(ValidationRules& out) const {
     DataHelperVideoCodecBase::GetValidationRules(out);
-    Append(out, m_ownRules);
+    AppendRules(out, m_ownRules);
 }
 
 }  // namespace Tervan::Conf

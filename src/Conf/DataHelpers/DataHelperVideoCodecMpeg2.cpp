@@ -52,7 +52,7 @@ void DataHelperVideoCodecMpeg2::GetValidationRules(ValidationRules& out) const {
     const std::string frameRatePath = Proc::IFilterFrameRate::CLASS_ID + Core::Property::SEPARATOR + V::TAG_FPS;
     std::copy_if(base.begin(), base.end(), std::back_inserter(out),
                  [&frameRatePath](const auto& rule) { return rule.second->GetSecondPath() != frameRatePath; });
-    Append(out, m_ownRules);
+    AppendRules(out, m_ownRules);
 }
 
 }  // namespace Tervan::Conf

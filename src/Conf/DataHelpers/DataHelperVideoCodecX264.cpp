@@ -68,7 +68,7 @@ DataHelperVideoCodecX264::~DataHelperVideoCodecX264() = default;
 
 void DataHelperVideoCodecX264::GetValidationRules(ValidationRules& out) const {
     DataHelperVideoCodecBase::GetValidationRules(out);
-    Append(out, m_ownRules);
+    AppendRules(out, m_ownRules);
 }
 
 }  // namespace Tervan::Conf

@@ -53,24 +53,29 @@ Core::Property DataHelperVideoResize::GetDefaults() const {
     return Proc::IFilterResize::Settings2Property(settings);
 }
 
-void DataHelperVideoResize::GetConstraints(Constraints& out) const {
-    out[ResizerPath(IResize::FRAME_SIZE_MODE)] = StringSet(kFrameSizeModes);
-    out[ResizerPath(IResize::MODE)] = StringSet(kModes);
-    // Wider than high, and wider than the MPEG codecs allow, on purpose.
-    out[ResizerPath(V::TAG_WIDTH)] = ConstraintRange::Create(32LL, 4096LL, 2LL);
-    out[ResizerPath(V::TAG_HEIGHT)] = ConstraintRange::Create(32LL, 2160LL, 2LL);
-    out[ResizerPath(IResize::METHOD)] = StringSet(kMethods);
-}
-
-void DataHelperVideoResize::GetValidationRules(ValidationRules& out) const {
+DataHelperVideoResize::DataHelperVideoResize()
+    : m_constraints{{ResizerPath(IResize::FRAME_SIZE_MODE), StringSet(kFrameSizeModes)},
+                    {ResizerPath(IResize::MODE), StringSet(kModes)},
+                    // Wider than high, and wider than the MPEG codecs allow, on purpose.
+                    {ResizerPath(V::TAG_WIDTH), ConstraintRange::Create(32LL, 4096LL, 2LL)},
+                    {ResizerPath(V::TAG_HEIGHT), ConstraintRange::Create(32LL, 2160LL, 2LL)},
+                    {ResizerPath(IResize::METHOD), StringSet(kMethods)}} {
     // Tied to no other setting: the output frame must always have even sides.
     for (const std::string* tag : {&V::TAG_WIDTH, &V::TAG_HEIGHT}) {
-        out.emplace_back(
+        m_rules.emplace_back(
             Core::Property::SEPARATOR,
             PairValidationRule::Create(std::string(), nullptr,
                                        Proc::IFilterResize::CLASS_ID + Core::Property::SEPARATOR + ResizerPath(*tag),
                                        ConstraintMethod::CreateEven(IPropertyConstraint::DESCRIPTION_ID_EVEN_SIZE)));
     }
+}
+
+void DataHelperVideoResize::GetConstraints(Constraints& out) const {
+    InsertConstraints(out, m_constraints);
+}
+
+void DataHelperVideoResize::GetValidationRules(ValidationRules& out) const {
+    AppendRules(out, m_rules);
 }
 
 void DataHelperVideoResize::ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const {

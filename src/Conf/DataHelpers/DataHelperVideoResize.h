@@ -16,8 +16,12 @@ public:
     void ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const override;
 
 protected:
-    DataHelperVideoResize() = default;
+    DataHelperVideoResize();
     ~DataHelperVideoResize() override;
+
+private:
+    ConstraintList m_constraints;
+    ValidationRules m_rules;
 };
 
 }  // namespace Tervan::Conf

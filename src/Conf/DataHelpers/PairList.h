@@ -12,7 +12,9 @@ template <class T>
 using PairList = std::vector<std::pair<std::string, T>>;
 
 // The label of a generated list entry: an integer's decimal text, a string itself.
-inline std::string PairLabel(const std::string& value) { return value; }
+inline std::string PairLabel(const std::string& value) {
+    return value;
+}
 template <class T, std::enable_if_t<std::is_integral_v<T>, int> = 0>
 std::string PairLabel(T value) {
     return std::to_string(value);

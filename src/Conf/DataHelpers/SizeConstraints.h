@@ -14,7 +14,8 @@ namespace Tervan::Conf {
 // frame-size mode is "valid": a mode naming a listed size is not.
 class TERVAN_API SizeConstraints : public RefCounted<IPropertyConstraint> {
 public:
-    static boost::intrusive_ptr<const IPropertyConstraint> Create(const std::vector<std::pair<long long, long long>>& sizes);
+    static boost::intrusive_ptr<const IPropertyConstraint> Create(
+        const std::vector<std::pair<long long, long long>>& sizes);
 
     void FillValueList(const boost::intrusive_ptr<IConstraintConsumer>& consumer) const override;
     bool IsValid(const Core::Property& value) const override;

@@ -10,7 +10,6 @@ enum class Judgement { SATISFIED, UNSATISFIED, WRONG_TYPE };
 // detail is set only for WRONG_TYPE.
 Judgement Judge(const IPropertyConstraint& constraint, const std::string& path, const Core::Property& value,
                 std::string& detail) {
-    const std::string held = path + " holds a value of type " + std::to_string(value.GetType());
     try {
         return constraint.IsValid(value) ? Judgement::SATISFIED : Judgement::UNSATISFIED;
     } catch (const FormatException&) {
@@ -18,12 +17,28 @@ Judgement Judge(const IPropertyConstraint& constraint, const std::string& path, 
         return Judgement::UNSATISFIED;
     } catch (const ConstraintException& e) {
         const auto* expected = boost::get_error_info<ConstraintException::TagValueType>(e);
-        detail = held + " where type " + (expected != nullptr ? std::to_string(*expected) : "another") + " is expected";
+        detail = path + " holds a value of type " + std::to_string(value.GetType()) + " where type " +
+                 (expected != nullptr ? std::to_string(*expected) : "another") + " is expected";
     } catch (const Core::PropertyException&) {
-        detail = held + " that its constraint cannot read";
+        detail =
+            path + " holds a value of type " + std::to_string(value.GetType()) + " that its constraint cannot read";
     }
     return Judgement::WRONG_TYPE;
 }
+
+// Builds the detail line only when asked: a host checking many rules wants verdicts.
+class Explainer {
+public:
+    explicit Explainer(bool explain) : m_explain(explain) {}
+
+    template <class Text>
+    std::string operator()(const Text& text) const {
+        return m_explain ? text() : std::string();
+    }
+
+private:
+    bool m_explain;
+};
 
 std::string Said(const std::string& path, const Core::Property& value) {
     return path + " is " + Core::PropertyValueToString(value);
@@ -37,9 +52,9 @@ ValidationRuleCheck Make(ValidationRuleCheck::Verdict verdict, const std::string
     return check;
 }
 
-}  // namespace
-
-ValidationRuleCheck ValidationRuleCheck::Evaluate(const IValidationRule& rule, const Core::Property& settings) {
+ValidationRuleCheck Run(const IValidationRule& rule, const Core::Property& settings, bool explain) {
+    using Check = ValidationRuleCheck;
+    const Explainer text(explain);
     const std::string firstPath = rule.GetFirstPath();
     const auto firstConstraint = rule.GetFirstConstraint();
     // Why the second setting is asked at all, for the detail line.
@@ -48,16 +63,17 @@ ValidationRuleCheck ValidationRuleCheck::Evaluate(const IValidationRule& rule, c
     if (firstConstraint && !firstPath.empty()) {
         const Core::Property* first = settings.FindChildByPath(firstPath);
         if (first == nullptr) {
-            return Make(MISSING_SETTING, firstPath, "missing setting " + firstPath);
+            return Make(Check::MISSING_SETTING, firstPath, text([&] { return "missing setting " + firstPath; }));
         }
         std::string detail;
         switch (Judge(*firstConstraint, firstPath, *first, detail)) {
             case Judgement::UNSATISFIED:
-                return Make(HOLDS, firstPath, "does not apply while " + Said(firstPath, *first));
+                return Make(Check::HOLDS, firstPath,
+                            text([&] { return "does not apply while " + Said(firstPath, *first); }));
             case Judgement::WRONG_TYPE:
-                return Make(WRONG_TYPE, firstPath, detail);
+                return Make(Check::WRONG_TYPE, firstPath, detail);
             case Judgement::SATISFIED:
-                because = " while " + Said(firstPath, *first);
+                because = text([&] { return " while " + Said(firstPath, *first); });
                 break;
         }
     }
@@ -65,21 +81,33 @@ ValidationRuleCheck ValidationRuleCheck::Evaluate(const IValidationRule& rule, c
     const auto secondConstraint = rule.GetSecondConstraint();
     const Core::Property* second = settings.FindChildByPath(secondPath);
     if (second == nullptr) {
-        return Make(MISSING_SETTING, secondPath, "missing setting " + secondPath);
+        return Make(Check::MISSING_SETTING, secondPath, text([&] { return "missing setting " + secondPath; }));
     }
     if (!secondConstraint) {
-        return Make(HOLDS, secondPath, "nothing is required of " + secondPath);
+        return Make(Check::HOLDS, secondPath, text([&] { return "nothing is required of " + secondPath; }));
     }
     std::string detail;
     switch (Judge(*secondConstraint, secondPath, *second, detail)) {
         case Judgement::SATISFIED:
-            return Make(HOLDS, secondPath, Said(secondPath, *second) + ", as admitted" + because);
+            return Make(Check::HOLDS, secondPath,
+                        text([&] { return Said(secondPath, *second) + ", as admitted" + because; }));
         case Judgement::WRONG_TYPE:
-            return Make(WRONG_TYPE, secondPath, detail);
+            return Make(Check::WRONG_TYPE, secondPath, detail);
         case Judgement::UNSATISFIED:
             break;
     }
-    return Make(BROKEN, secondPath, Said(secondPath, *second) + ", not admitted" + because);
+    return Make(Check::BROKEN, secondPath,
+                text([&] { return Said(secondPath, *second) + ", not admitted" + because; }));
+}
+
+}  // namespace
+
+ValidationRuleCheck ValidationRuleCheck::Evaluate(const IValidationRule& rule, const Core::Property& settings) {
+    return Run(rule, settings, true);
+}
+
+ValidationRuleCheck ValidationRuleCheck::EvaluateVerdict(const IValidationRule& rule, const Core::Property& settings) {
+    return Run(rule, settings, false);
 }
 
 }  // namespace Tervan::Conf
