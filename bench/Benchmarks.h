@@ -10,6 +10,7 @@ inline constexpr const char* GET_CONSTRAINTS = "GetConstraints";
 inline constexpr const char* GET_VALIDATION_RULES = "GetValidationRules";
 inline constexpr const char* TYPICAL_MP4_REQUEST = "TypicalMp4Request";
 inline constexpr const char* CHECK_VALID_JOB = "CheckValidJob";
+inline constexpr const char* TOOL_CHECK_VALID_JOB = "ToolCheckValidJob";
 inline constexpr const char* FIX_BROKEN_JOB = "FixBrokenJob";
 inline constexpr const char* TRIAL_OPEN_AAC = "TrialOpen/aac";
 inline constexpr const char* TRIAL_OPEN_X264 = "TrialOpen/libx264";

@@ -81,13 +81,33 @@ void TypicalMp4Request(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 
-void CheckValidJob(benchmark::State& state) {
+// The example job once repaired: valid, so both checks below find nothing.
+Job::Job ValidJob() {
     Job::Job job = LoadExampleJob("examples/jobs/mp4-mp3-11025.json");
     Job::FixJob(job);
-    if (!Job::CheckJob(job, false).empty()) {
+    return job;
+}
+
+void CheckValidJob(benchmark::State& state) {
+    Job::Job job = ValidJob();
+    if (CheckJobSettings(job.formatName, job.settings) != 0 || !Job::CheckJob(job, false).empty()) {
         state.SkipWithError("the repaired example job is not valid");
         return;
     }
+    const Job::Job broken = LoadExampleJob("examples/jobs/mp4-mp3-11025.json");
+    if (CheckJobSettings(broken.formatName, broken.settings) == 0) {
+        state.SkipWithError("the check misses the example job's violation");
+        return;
+    }
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(CheckJobSettings(job.formatName, job.settings));
+    }
+}
+
+// The tool's check also builds a reportable record (path, label, description) for
+// every site it visits.
+void ToolCheckValidJob(benchmark::State& state) {
+    Job::Job job = ValidJob();
     for (auto _ : state) {
         auto violations = Job::CheckJob(job, false);
         benchmark::DoNotOptimize(violations);
@@ -122,6 +142,7 @@ void RegisterHelperBenchmarks() {
     }
     benchmark::RegisterBenchmark(TYPICAL_MP4_REQUEST, TypicalMp4Request)->Threads(1)->Threads(2)->UseRealTime();
     benchmark::RegisterBenchmark(CHECK_VALID_JOB, CheckValidJob);
+    benchmark::RegisterBenchmark(TOOL_CHECK_VALID_JOB, ToolCheckValidJob);
     benchmark::RegisterBenchmark(FIX_BROKEN_JOB, FixBrokenJob);
 }
 

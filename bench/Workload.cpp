@@ -152,6 +152,72 @@ PlanResult PlanMp4Job(const boost::intrusive_ptr<DialogConsumer>& dialog) {
     return result;
 }
 
+std::size_t CheckJobSettings(const std::string& formatName, const Core::Property& settings) {
+    std::size_t failures = 0;
+    const auto admits = [&failures](const IDataHelper::Constraints& constraints, const Core::Property& node,
+                                    const Core::Property* stream) {
+        for (const auto& [key, constraint] : constraints) {
+            // A codec names the filter settings it constrains from the stream.
+            const Core::Property* base = &node;
+            if (stream != nullptr && stream->FindChild(key.substr(0, key.find(Core::Property::SEPARATOR)))) {
+                base = stream;
+            }
+            const Core::Property* value = base->FindChildByPath(key);
+            failures += value != nullptr && !constraint->IsValid(*value) ? 1 : 0;
+        }
+    };
+    const auto format = CreateDataHelper(IPreset::KEY_FORMAT, formatName);
+    IDataHelper::Constraints formatConstraints;
+    format->GetConstraints(formatConstraints);
+    // Keys under streams/@<type>/ hold for every stream of that type; they are checked per stream below.
+    const std::string everyStream = IPreset::KEY_STREAMS + IPreset::INDEX;
+    IDataHelper::Constraints rootConstraints;
+    for (const auto& entry : formatConstraints) {
+        if (entry.first.compare(0, everyStream.size(), everyStream) != 0) {
+            rootConstraints.insert(entry);
+        }
+    }
+    admits(rootConstraints, settings, nullptr);
+
+    for (const Core::Property& stream : settings[IPreset::KEY_STREAMS]) {
+        const std::string& type = stream[IPreset::KEY_TYPE_ID].GetString();
+        const bool audio = type == IPreset::STREAM_TYPE_AUDIO;
+        const std::string& codecKey = audio ? IPreset::KEY_FILTER_AUDIO_CODEC : IPreset::KEY_FILTER_VIDEO_CODEC;
+        const Core::Property& codecNode = stream[codecKey];
+        const auto codec = CreateDataHelper(codecKey, codecNode[Conf::IFormatCodec::TAG_CODEC_ID].GetString());
+
+        const std::string streamPrefix = everyStream + type + Core::Property::SEPARATOR;
+        IDataHelper::Constraints streamConstraints;
+        for (const auto& [key, constraint] : formatConstraints) {
+            if (key.compare(0, streamPrefix.size(), streamPrefix) == 0) {
+                streamConstraints.emplace(key.substr(streamPrefix.size()), constraint);
+            }
+        }
+        admits(streamConstraints, stream, nullptr);
+
+        IDataHelper::Constraints constraints;
+        codec->GetConstraints(constraints);
+        admits(constraints, codecNode, &stream);
+        failures += BrokenRules(*codec, stream) + BrokenRules(*format, stream);
+
+        IDataHelper::RequiredObjects required;
+        codec->GetRequiredObjects(required);
+        for (const auto& [classId, implementation] : required) {
+            const Core::Property* filterNode = stream.FindChild(classId);
+            if (filterNode == nullptr) {
+                ++failures;
+                continue;
+            }
+            const auto filter = CreateDataHelper(classId, implementation);
+            IDataHelper::Constraints filterConstraints;
+            filter->GetConstraints(filterConstraints);
+            admits(filterConstraints, *filterNode, nullptr);
+            failures += BrokenRules(*filter, stream);
+        }
+    }
+    return failures;
+}
+
 Job::Job LoadExampleJob(const std::string& relativePath) {
     return Job::ReadJob(std::string(TERVAN_SOURCE_DIR) + "/" + relativePath);
 }

@@ -51,6 +51,11 @@ struct PlanResult {
 // required filters inserted, every helper's correction, and every rule checked.
 PlanResult PlanMp4Job(const boost::intrusive_ptr<DialogConsumer>& dialog);
 
+// What a host checks before a job runs: every setting the format, codec and filter
+// helpers constrain, at its place in the job, and every rule on each stream. Returns
+// the number of settings refused and rules broken.
+std::size_t CheckJobSettings(const std::string& formatName, const Core::Property& settings);
+
 // A job document from examples/jobs, read once before timing.
 Job::Job LoadExampleJob(const std::string& relativePath);
 

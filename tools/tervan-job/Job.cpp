@@ -93,7 +93,13 @@ void ValidateStream(const Core::Property& stream, const std::string& path, const
 }  // namespace
 
 std::string JoinPath(const std::string& path, const std::string& name) {
-    return path.empty() ? name : path + Core::Property::SEPARATOR + name;
+    if (path.empty()) {
+        return name;
+    }
+    // One allocation: checks join a path for every setting they look at.
+    std::string joined;
+    joined.reserve(path.size() + Core::Property::SEPARATOR.size() + name.size());
+    return joined.append(path).append(Core::Property::SEPARATOR).append(name);
 }
 
 const std::string& StreamRef::CodecKey() const {

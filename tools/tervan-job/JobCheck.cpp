@@ -56,13 +56,14 @@ std::string RuleCondition(const Conf::IValidationRule& rule) {
 namespace {
 
 void AddSites(std::vector<ConstraintSite>& sites, const Conf::IDataHelper& helper, const std::string& source,
-              const std::function<std::string(const std::string&)>& place) {
+              bool withFallbacks, const std::function<std::string(const std::string&)>& place) {
     Conf::IDataHelper::Constraints constraints;
     helper.GetConstraints(constraints);
-    const Core::Property defaults = helper.GetDefaults();
+    const Core::Property defaults = withFallbacks ? helper.GetDefaults() : Core::Property();
     for (const auto& [key, constraint] : constraints) {
         if (constraint) {
-            sites.push_back({place(key), Leaf(key), constraint, source, ValueAt(defaults, key)});
+            sites.push_back(
+                {place(key), Leaf(key), constraint, source, withFallbacks ? ValueAt(defaults, key) : std::nullopt});
         }
     }
 }
@@ -106,10 +107,10 @@ std::string Governance::CodecLabel(const StreamRef& stream) const {
     return HelperLabel(stream.audio ? Catalogue::AUDIO_CODEC : Catalogue::VIDEO_CODEC, stream.CodecId());
 }
 
-std::vector<ConstraintSite> Governance::FormatSites(Job& job) const {
+std::vector<ConstraintSite> Governance::FormatSites(Job& job, bool withFallbacks) const {
     Conf::IDataHelper::Constraints constraints;
     m_format->GetConstraints(constraints);
-    const Core::Property defaults = m_format->GetDefaults();
+    const Core::Property defaults = withFallbacks ? m_format->GetDefaults() : Core::Property();
     const std::string everyStream = IPreset::KEY_STREAMS + IPreset::INDEX;
     std::vector<ConstraintSite> sites;
     for (const auto& [key, constraint] : constraints) {
@@ -124,10 +125,12 @@ std::vector<ConstraintSite> Governance::FormatSites(Job& job) const {
         const std::string type = FirstSegment(rest);
         const std::string inner = rest.substr(std::min(rest.size(), type.size() + Core::Property::SEPARATOR.size()));
         std::optional<Core::Property> fallback;
-        for (const Core::Property& stream : defaults[IPreset::KEY_STREAMS]) {
-            const Core::Property* kind = stream.FindChild(IPreset::KEY_TYPE_ID);
-            if (!fallback && kind != nullptr && *kind == Core::Property("", type)) {
-                fallback = ValueAt(stream, inner);
+        if (const Core::Property* streams = defaults.FindChild(IPreset::KEY_STREAMS)) {
+            for (const Core::Property& stream : *streams) {
+                const Core::Property* kind = stream.FindChild(IPreset::KEY_TYPE_ID);
+                if (!fallback && kind != nullptr && *kind == Core::Property("", type)) {
+                    fallback = ValueAt(stream, inner);
+                }
             }
         }
         for (const StreamRef& stream : Streams(job)) {
@@ -139,18 +142,18 @@ std::vector<ConstraintSite> Governance::FormatSites(Job& job) const {
     return sites;
 }
 
-std::vector<ConstraintSite> Governance::StreamSites(const StreamRef& stream) const {
+std::vector<ConstraintSite> Governance::StreamSites(const StreamRef& stream, bool withFallbacks) const {
     std::vector<ConstraintSite> sites;
     const bool audio = stream.audio;
     const std::string codecKey = stream.CodecKey();
-    AddSites(sites, *Codec(stream), CodecLabel(stream), [audio, &codecKey](const std::string& key) {
+    AddSites(sites, *Codec(stream), CodecLabel(stream), withFallbacks, [audio, &codecKey](const std::string& key) {
         return Catalogue::IsFilter(FirstSegment(key), audio) ? key : JoinPath(codecKey, key);
     });
     for (const Core::Property& child : *stream.node) {
         if (Catalogue::IsFilter(child.GetName(), audio)) {
             const std::string& name = child.GetName();
             AddSites(sites, *m_catalogue.Get(Catalogue::FILTER, name, JoinPath(stream.path, name)),
-                     HelperLabel(Catalogue::FILTER, name),
+                     HelperLabel(Catalogue::FILTER, name), withFallbacks,
                      [&name](const std::string& key) { return JoinPath(name, key); });
         }
     }
@@ -213,7 +216,7 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
                                   "job", "", false});
         }
     }
-    for (const ConstraintSite& site : governance.StreamSites(stream)) {
+    for (const ConstraintSite& site : governance.StreamSites(stream, false)) {
         const Core::Property* value = stream.node->FindChildByPath(site.path);
         const std::string path = JoinPath(stream.path, site.path);
         if (value != nullptr && !Admits(*site.constraint, *value, path)) {
@@ -263,7 +266,7 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
 std::vector<Violation> CheckJob(Job& job, bool strict) {
     const Governance governance(job);
     std::vector<Violation> violations;
-    for (const ConstraintSite& site : governance.FormatSites(job)) {
+    for (const ConstraintSite& site : governance.FormatSites(job, false)) {
         const Core::Property* value = job.settings.FindChildByPath(site.path);
         if (value != nullptr && !Admits(*site.constraint, *value, site.path)) {
             violations.push_back(

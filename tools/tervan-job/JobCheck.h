@@ -41,10 +41,11 @@ public:
     Conf::DataHelperPtr Codec(const StreamRef& stream) const;
     std::string CodecLabel(const StreamRef& stream) const;
 
-    // Paths from the settings root.
-    std::vector<ConstraintSite> FormatSites(Job& job) const;
+    // Paths from the settings root. Fallbacks cost a copy of the helper's defaults;
+    // only repairs need them.
+    std::vector<ConstraintSite> FormatSites(Job& job, bool withFallbacks = true) const;
     // Paths from the stream node: the codec's, then each present filter's.
-    std::vector<ConstraintSite> StreamSites(const StreamRef& stream) const;
+    std::vector<ConstraintSite> StreamSites(const StreamRef& stream, bool withFallbacks = true) const;
     // The codec's, each present filter's, then the format's.
     std::vector<RuleSite> StreamRules(const StreamRef& stream) const;
 
