@@ -77,6 +77,7 @@ const Target TARGETS[] = {
 void TargetReporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
         if (run.error_occurred) {
+            ++m_errors;
             continue;
         }
         const bool median = run.run_type == Run::RT_Aggregate && run.aggregate_name == "median";

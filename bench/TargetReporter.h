@@ -15,6 +15,9 @@ public:
     void ReportRuns(const std::vector<Run>& runs) override;
     void Finalize() override;
 
+    // Benchmarks that skipped with an error: their workload was not what they expect.
+    int Errors() const { return m_errors; }
+
 private:
     struct Figures {
         double nanoseconds = 0;
@@ -25,6 +28,7 @@ private:
     const Figures* Find(const std::string& name) const;
 
     std::map<std::string, Figures> m_figures;
+    int m_errors = 0;
 };
 
 }  // namespace Tervan::Bench

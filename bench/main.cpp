@@ -14,5 +14,5 @@ int main(int argc, char** argv) {
     Tervan::Bench::TargetReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
-    return 0;
+    return reporter.Errors() == 0 ? 0 : 1;
 }
