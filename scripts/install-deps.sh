@@ -4,9 +4,9 @@
 set -euo pipefail
 
 packages=(
-  build-essential cmake ninja-build pkg-config gettext
+  build-essential cmake ninja-build pkg-config gettext locales
   libavcodec-dev libavutil-dev
-  libboost-dev libboost-locale-dev libboost-stacktrace-dev libboost-program-options-dev
+  libboost-dev libboost-stacktrace-dev libboost-program-options-dev
   nlohmann-json3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   clang-format clang-tidy
@@ -23,4 +23,24 @@ if [ ${#missing[@]} -gt 0 ]; then
   export DEBIAN_FRONTEND=noninteractive
   apt-get update -qq
   apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi
+
+# Texts are translated into a language only when the system has a locale for it; the
+# tests translate into German and French.
+locales=(de_DE.UTF-8 fr_FR.UTF-8)
+touch /etc/locale.gen
+available=$(locale -a)
+generate=0
+for locale in "${locales[@]}"; do
+  if ! grep -qx "$locale UTF-8" /etc/locale.gen; then
+    if grep -qx "# *$locale UTF-8" /etc/locale.gen; then
+      sed -i "s/^# *$locale UTF-8\$/$locale UTF-8/" /etc/locale.gen
+    else
+      echo "$locale UTF-8" >>/etc/locale.gen
+    fi
+  fi
+  grep -qix "${locale%.UTF-8}.utf8" <<<"$available" || generate=1
+done
+if [ "$generate" = 1 ]; then
+  locale-gen
 fi

@@ -5,6 +5,12 @@
 #include <boost/intrusive_ptr.hpp>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <clocale>
+#include <cstdlib>
+#include <locale.h>
+#include <optional>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -23,6 +29,36 @@ protected:
 private:
     int* m_destroyed;
 };
+
+// Sets an environment variable, or removes it for nullptr, until the end of the scope.
+class ScopedVariable {
+public:
+    ScopedVariable(const char* name, const char* value) : m_name(name) {
+        if (const char* previous = std::getenv(name)) {
+            m_previous = previous;
+        }
+        Set(value);
+    }
+    ~ScopedVariable() { Set(m_previous ? m_previous->c_str() : nullptr); }
+    ScopedVariable(const ScopedVariable&) = delete;
+    ScopedVariable& operator=(const ScopedVariable&) = delete;
+
+private:
+    void Set(const char* value) const {
+        if (value != nullptr) {
+            ::setenv(m_name, value, 1);
+        } else {
+            ::unsetenv(m_name);
+        }
+    }
+
+    const char* m_name;
+    std::optional<std::string> m_previous;
+};
+
+const std::string kEven = "Value must be an even number";
+const std::string kEvenDe = "Der Wert muss eine gerade Zahl sein";
+const std::string kEvenFr = "La valeur doit être un nombre pair";
 
 }  // namespace
 
@@ -88,6 +124,8 @@ TEST(Exception, CallStackNamesTheCaller) {
 }
 
 TEST(Localization, ShippedCatalogsTranslate) {
+    // glibc would take the language from LANGUAGE before the one asked for.
+    const ScopedVariable languageVariable("LANGUAGE", nullptr);
     const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
     EXPECT_EQ(&manager, &Tervan::Core::GetLocalizationManagerForDomain("core"));
     const std::string text = "Parameter %1 must be one of the following values: %2";
@@ -104,4 +142,104 @@ TEST(Localization, EnvironmentChoosesTheLanguage) {
     ::setenv("LANGUAGE", "C", 1);
     EXPECT_EQ(manager.Translate("Value must be an even number"), "Value must be an even number");
     ::unsetenv("LANGUAGE");
+}
+
+TEST(Localization, AnyLocaleOfTheLanguageServesIt) {
+    const ScopedVariable languageVariable("LANGUAGE", nullptr);
+    const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
+    // The test machines generate only de_DE.UTF-8 and fr_FR.UTF-8 of these; all find the
+    // catalogs under de/ and fr/.
+    EXPECT_EQ(manager.Translate(kEven, "de_AT"), kEvenDe);
+    EXPECT_EQ(manager.Translate(kEven, "de_DE"), kEvenDe);
+    EXPECT_EQ(manager.Translate(kEven, "de_CH.UTF-8"), kEvenDe);
+    EXPECT_EQ(manager.Translate(kEven, "fr_CA"), kEvenFr);
+    // UTF-8 whatever the codeset asked for.
+    EXPECT_EQ(manager.Translate(kEven, "fr_FR.ISO-8859-1"), kEvenFr);
+    EXPECT_EQ(manager.Translate(kEven, "fr_FR@euro"), kEvenFr);
+}
+
+TEST(Localization, UnservableRequestsLeaveTheTextUnchanged) {
+    const ScopedVariable languageVariable("LANGUAGE", nullptr);
+    const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
+    // gettext's answer for the empty text is the catalog's header.
+    EXPECT_EQ(manager.Translate("", "de"), "");
+    for (const char* language : {"", "C", "POSIX", "C.UTF-8", "xx", "ja_JP.UTF-8", "../de", "de/../fr", " de"}) {
+        EXPECT_EQ(manager.Translate(kEven, language), kEven) << '"' << language << '"';
+    }
+    EXPECT_EQ(Tervan::Core::GetLocalizationManagerForDomain("tervan-no-catalogs").Translate(kEven, "de"), kEven);
+}
+
+TEST(Localization, ExplicitLanguageWinsOverTheEnvironments) {
+    const ScopedVariable languageVariable("LANGUAGE", nullptr);
+    const ScopedVariable all("LC_ALL", "fr_FR.UTF-8");
+    const ScopedVariable messages("LC_MESSAGES", "fr_FR.UTF-8");
+    const ScopedVariable lang("LANG", "fr_FR.UTF-8");
+    const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
+    ASSERT_EQ(manager.Translate(kEven), kEvenFr);
+    EXPECT_EQ(manager.Translate(kEven, "de"), kEvenDe);
+    // And over the process's locale.
+    const std::string previous = std::setlocale(LC_ALL, nullptr);
+    ASSERT_NE(std::setlocale(LC_ALL, ""), nullptr);
+    EXPECT_EQ(manager.Translate(kEven, "de"), kEvenDe);
+    EXPECT_EQ(manager.Translate(kEven, "fr"), kEvenFr);
+    std::setlocale(LC_ALL, previous.c_str());
+}
+
+TEST(Localization, LanguageVariableNamingAnotherLanguageLeavesTheTextUnchanged) {
+    const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
+    {
+        // glibc would answer in French, and keep that answer for German lookups to come.
+        const ScopedVariable languageVariable("LANGUAGE", "fr");
+        EXPECT_EQ(manager.Translate(kEven, "de"), kEven);
+        EXPECT_EQ(manager.Translate(kEven, "fr_FR.UTF-8"), kEvenFr);
+    }
+    {
+        const ScopedVariable languageVariable("LANGUAGE", ":de_CH:fr");
+        EXPECT_EQ(manager.Translate(kEven, "de_DE.UTF-8"), kEvenDe);
+        EXPECT_EQ(manager.Translate(kEven, "fr"), kEven);
+    }
+    const ScopedVariable languageVariable("LANGUAGE", nullptr);
+    EXPECT_EQ(manager.Translate(kEven, "de"), kEvenDe);
+    EXPECT_EQ(manager.Translate(kEven, "fr"), kEvenFr);
+}
+
+TEST(Localization, ThreadsTranslateIntoTheirOwnLanguages) {
+    const ScopedVariable languageVariable("LANGUAGE", nullptr);
+    struct Case {
+        const char* language;
+        const std::string& text;
+    };
+    const Case cases[] = {
+        {"de", kEvenDe}, {"fr_FR.UTF-8", kEvenFr}, {"ja", kEven}, {"de_AT", kEvenDe}, {"fr", kEvenFr}};
+    constexpr int kThreads = 10;
+    std::atomic<int> ready{0};
+    std::atomic<int> wrong{0};
+    std::atomic<int> lostLocales{0};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&, c = cases[i % std::size(cases)]] {
+            // A locale of the thread's own, which translating must leave in place.
+            const locale_t own = newlocale(LC_ALL_MASK, "C.UTF-8", nullptr);
+            uselocale(own);
+            ++ready;
+            while (ready < kThreads) {
+                std::this_thread::yield();
+            }
+            for (int n = 0; n < 300; ++n) {
+                if (Tervan::Core::GetLocalizationManagerForDomain("core").Translate(kEven, c.language) != c.text) {
+                    ++wrong;
+                }
+            }
+            if (uselocale(nullptr) != own) {
+                ++lostLocales;
+            }
+            uselocale(LC_GLOBAL_LOCALE);
+            freelocale(own);
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(wrong, 0);
+    EXPECT_EQ(lostLocales, 0);
 }

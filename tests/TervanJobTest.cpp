@@ -411,6 +411,21 @@ TEST_F(TervanJob, DescriptionsFollowTheEnvironmentsLanguage) {
     EXPECT_FALSE(Contains(Run("check " + file, "LANGUAGE=fr").out, "must be one of")) << "no French translation";
 }
 
+TEST_F(TervanJob, DescriptionsNeedALocaleOfTheLanguage) {
+    // A system whose only locale is Austrian German (LOCPATH hides the installed ones).
+    const fs::path locales = m_dir / "locales";
+    fs::create_directory(locales);
+    ASSERT_EQ(
+        std::system(("localedef -i de_AT -f UTF-8 " + (locales / "de_AT.UTF-8").string() + " >/dev/null 2>&1").c_str()),
+        0);
+    const std::string system = "LOCPATH=" + locales.string() + " ";
+    const std::string file = Example("jobs/mp4-mp3-11025.json");
+    EXPECT_TRUE(
+        Contains(Run("check " + file, system + "LANGUAGE=de").out, "sample_rate muss einen der folgenden Werte"));
+    EXPECT_TRUE(Contains(Run("check " + file, system + "LANGUAGE= LC_ALL=de_DE.UTF-8").out, "sample_rate muss einen"));
+    EXPECT_TRUE(Contains(Run("check " + file, system + "LANGUAGE=fr").out, "sample_rate must be one of the following"));
+}
+
 TEST_F(TervanJob, AppliesAPresetThroughTheHelpers) {
     const fs::path job = m_dir / "job.json";
     ASSERT_EQ(Run("new mp4 --video mpeg4 --audio mp3 -o " + job.string()).status, 0);

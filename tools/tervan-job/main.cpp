@@ -236,7 +236,8 @@ int RunCheck(const std::vector<std::string>& args) {
     const auto values =
         ParseCommand(command, args, po::options_description("Options"), {{"job", 1}},
                      "\nEach violation is one line: path = value: what is demanded [who demands it, and when].\n"
-                     "Descriptions are translated when LANGUAGE or LANG names a language with a catalog.\n");
+                     "Descriptions are translated when LANGUAGE or LANG names a language with a catalog\n"
+                     "and a locale on the system (locale -a).\n");
     if (!values) {
         return EXIT_VALID;
     }
