@@ -109,6 +109,64 @@ TEST(RefCount, ConcurrentAddRefAndReleaseKeepTheCount) {
     EXPECT_EQ(destroyed, 1);
 }
 
+TEST(FrozenObjects, CountsStandStillUntilThawed) {
+    int destroyed = 0;
+    Tervan::FrozenObjects frozen;
+    frozen.Collect();
+    boost::intrusive_ptr<const ICounted> held(new Counted(&destroyed));
+    // Counting works as usual while the objects are being built.
+    boost::intrusive_ptr<const ICounted> transient(new Counted(&destroyed));
+    transient.reset();
+    EXPECT_EQ(destroyed, 1);
+    frozen.Freeze();
+
+    boost::intrusive_ptr<const ICounted> later(new Counted(&destroyed));
+    {
+        boost::intrusive_ptr<const ICounted> more = held;
+        EXPECT_EQ(held->GetRefCount(), 1);
+        boost::intrusive_ptr<const ICounted> moreLater = later;
+        EXPECT_EQ(later->GetRefCount(), 2) << "made after Freeze, so counted";
+    }
+    held->Release();  // would destroy a counted object
+    EXPECT_EQ(destroyed, 1);
+    held->AddRef();
+
+    frozen.Thaw();
+    held.reset();
+    later.reset();
+    EXPECT_EQ(destroyed, 3);
+}
+
+TEST(FrozenObjects, CollectsOnlyTheCollectingThread) {
+    int destroyed = 0;
+    Tervan::FrozenObjects frozen;
+    frozen.Collect();
+    boost::intrusive_ptr<const ICounted> elsewhere;
+    std::thread([&] { elsewhere.reset(new Counted(&destroyed)); }).join();
+    boost::intrusive_ptr<const ICounted> here(new Counted(&destroyed));
+    frozen.Freeze();
+    boost::intrusive_ptr<const ICounted> copy = elsewhere;
+    EXPECT_EQ(elsewhere->GetRefCount(), 2);
+    EXPECT_EQ(here->GetRefCount(), 1);
+    frozen.Thaw();
+}
+
+TEST(FrozenObjects, ObjectsOutlivingTheRecordCountAgain) {
+    int destroyed = 0;
+    boost::intrusive_ptr<const ICounted> survivor;
+    {
+        Tervan::FrozenObjects frozen;
+        frozen.Collect();
+        survivor.reset(new Counted(&destroyed));
+        frozen.Freeze();
+    }
+    boost::intrusive_ptr<const ICounted> copy = survivor;
+    EXPECT_EQ(survivor->GetRefCount(), 2);
+    copy.reset();
+    survivor.reset();
+    EXPECT_EQ(destroyed, 1);
+}
+
 TEST(Exception, WhatIsTheDescription) {
     try {
         BOOST_THROW_EXCEPTION(Tervan::Core::CoreException() << Tervan::Exception::TagDescription("broken"));

@@ -105,6 +105,24 @@ TEST(Registry, LookupsAreStableAndShared) {
     }
 }
 
+// Threads asking the same helpers must not write to them: neither the helpers nor
+// the constraints they hand out change their reference counts when handed out.
+TEST(Registry, SharedObjectsTakeNoCountWrites) {
+    const auto helper = CreateDataHelper(IPreset::KEY_FILTER_VIDEO_CODEC, "h264");
+    const long helperCount = helper->GetRefCount();
+    IDataHelper::Constraints first;
+    helper->GetConstraints(first);
+    ASSERT_FALSE(first.empty());
+    const auto& [path, constraint] = *first.begin();
+    const long constraintCount = constraint->GetRefCount();
+    IDataHelper::Constraints second;
+    helper->GetConstraints(second);
+    const auto again = CreateDataHelper(IPreset::KEY_FILTER_VIDEO_CODEC, "h264");
+    EXPECT_EQ(second.at(path), constraint) << "the same shared object for " << path;
+    EXPECT_EQ(constraint->GetRefCount(), constraintCount);
+    EXPECT_EQ(helper->GetRefCount(), helperCount);
+}
+
 // Every constraint a helper lists must admit the helper's own default for that setting.
 TEST(Registry, DefaultsSatisfyTheirOwnConstraints) {
     for (const std::string& type : {IPreset::KEY_FILTER_AUDIO_CODEC, IPreset::KEY_FILTER_VIDEO_CODEC}) {

@@ -90,6 +90,12 @@ namespace {
 
 using Entries = std::vector<std::pair<std::string, DataHelperPtr>>;
 
+// Everything built from here to the end of the tables is shared by every thread
+// until the library unloads. Frozen, its reference counts take no writes, so
+// threads asking the same helpers do not contend for them.
+FrozenObjects loadTimeObjects;
+const bool collecting = (loadTimeObjects.Collect(), true);
+
 }  // namespace
 
 // The codec helpers build their constraints from these when they are constructed, so
@@ -265,6 +271,15 @@ const std::map<std::string, std::string> formatFilterMap = {
     {IFormatCodecAudio::TAG_FORMAT_CODEC_AUDIO, IPreset::KEY_FILTER_AUDIO_CODEC},
     {IFormatCodecVideo::TAG_FORMAT_CODEC_VIDEO, IPreset::KEY_FILTER_VIDEO_CODEC},
 };
+
+// Defined after the tables: frozen once they are complete, thawed before they are
+// destroyed, so that the tables' release deletes the helpers as usual.
+struct Freezer {
+    Freezer() { loadTimeObjects.Freeze(); }
+    ~Freezer() { loadTimeObjects.Thaw(); }
+    Freezer(const Freezer&) = delete;
+    Freezer& operator=(const Freezer&) = delete;
+} freezer;
 
 const IDataHelper::DataHelperMap* FindTable(const std::string& type) {
     if (type == IPreset::KEY_FORMAT) {
