@@ -16,7 +16,9 @@ RefCountImpl::RefCountImpl() noexcept : m_count(0), m_collector(t_collecting) {
 
 RefCountImpl::RefCountImpl(const RefCountImpl&) noexcept : RefCountImpl() {}
 
-RefCountImpl& RefCountImpl::operator=(const RefCountImpl&) noexcept {
+// The count, the freeze and the collection belong to the object, not to its value:
+// assignment copies none of them, so assigning to itself is harmless.
+RefCountImpl& RefCountImpl::operator=(const RefCountImpl&) noexcept {  // NOLINT(bugprone-unhandled-self-assignment)
     return *this;
 }
 
