@@ -15,6 +15,8 @@ inline constexpr const char* FIX_BROKEN_JOB = "FixBrokenJob";
 inline constexpr const char* TRIAL_OPEN_AAC = "TrialOpen/aac";
 inline constexpr const char* TRIAL_OPEN_X264 = "TrialOpen/libx264";
 inline constexpr const char* LOAD_AVCODEC = "Load/libavcodec";
+// libavcodec once it has looked up an encoder: what any encoding host pays first.
+inline constexpr const char* LOAD_AVCODEC_LOOKUP = "Load/libavcodec+lookup";
 inline constexpr const char* LOAD_DATAHELPERS = "Load/datahelpers";
 // The load benchmarks report the resident memory a fresh process gained.
 inline constexpr const char* RESIDENT_KIB = "resident_KiB";

@@ -85,6 +85,10 @@ void RegisterLoadBenchmarks() {
         ->UseManualTime()
         ->Iterations(PROCESSES)
         ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark(LOAD_AVCODEC_LOOKUP, Load, "encoder", TERVAN_AVCODEC_LIBRARY)
+        ->UseManualTime()
+        ->Iterations(PROCESSES)
+        ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark(LOAD_DATAHELPERS, Load, "registry", TERVAN_DATAHELPERS_LIBRARY)
         ->UseManualTime()
         ->Iterations(PROCESSES)

@@ -1,6 +1,8 @@
 // Loads one library into this fresh process and prints how long dlopen took until
 // the library was ready, and how much resident memory the process gained:
-// "<nanoseconds> <KiB>". Links none of the family's libraries and no FFmpeg, so the
+// "<nanoseconds> <KiB>". Modes: plain (dlopen only), registry (the helpers' registry
+// answers), encoder (libavcodec has looked up one encoder, as any host that encodes
+// must before anything else). Links none of the family's libraries and no FFmpeg, so the
 // loader does all of the work inside the measured interval.
 #include <chrono>
 #include <cstdio>
@@ -13,6 +15,7 @@
 namespace {
 
 using GetAvailable = const void* (*)(const std::string&);
+using FindEncoderByName = const void* (*)(const char*);
 
 // The registry's listing entry point and a type key it accepts, by their C++ symbols.
 const char* const GET_AVAILABLE = "_Z23GetAvailableDataHelpersRKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE";
@@ -29,11 +32,11 @@ long ResidentKiB() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3 || (std::strcmp(argv[1], "plain") != 0 && std::strcmp(argv[1], "registry") != 0)) {
-        std::fprintf(stderr, "usage: %s plain|registry LIBRARY\n", argv[0]);
+    const std::string mode = argc == 3 ? argv[1] : "";
+    if (mode != "plain" && mode != "registry" && mode != "encoder") {
+        std::fprintf(stderr, "usage: %s plain|registry|encoder LIBRARY\n", argv[0]);
         return 2;
     }
-    const bool registry = std::strcmp(argv[1], "registry") == 0;
     const long before = ResidentKiB();
     const auto start = std::chrono::steady_clock::now();
     void* library = dlopen(argv[2], RTLD_NOW | RTLD_LOCAL);
@@ -41,7 +44,14 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s\n", dlerror());
         return 1;
     }
-    if (registry) {
+    if (mode == "encoder") {
+        auto find = reinterpret_cast<FindEncoderByName>(dlsym(library, "avcodec_find_encoder_by_name"));
+        if (find == nullptr || find("aac") == nullptr) {
+            std::fprintf(stderr, "libavcodec found no AAC encoder\n");
+            return 1;
+        }
+    }
+    if (mode == "registry") {
         // The registry is built while the library loads; asking for a table proves it is ready.
         auto getAvailable = reinterpret_cast<GetAvailable>(dlsym(library, GET_AVAILABLE));
         const auto* keyFormat = static_cast<const std::string*>(dlsym(library, KEY_FORMAT));
