@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <functional>
 #include <optional>
+#include <unistd.h>
 
 namespace Tervan::Bench {
 namespace {
@@ -73,6 +74,8 @@ const Target TARGETS[] = {
 };
 
 }  // namespace
+
+TargetReporter::TargetReporter() : ConsoleReporter(isatty(STDOUT_FILENO) != 0 ? OO_Defaults : OO_Tabular) {}
 
 void TargetReporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {

@@ -12,6 +12,9 @@ namespace Tervan::Bench {
 // when the run had no repetitions) and whether it was met.
 class TargetReporter : public benchmark::ConsoleReporter {
 public:
+    // Colours only on a terminal, so that saved reports stay plain text.
+    TargetReporter();
+
     void ReportRuns(const std::vector<Run>& runs) override;
     void Finalize() override;
 
