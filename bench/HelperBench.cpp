@@ -50,21 +50,14 @@ void GetDefaults(benchmark::State& state, const Subject& subject) {
     }
 }
 
-void GetConstraints(benchmark::State& state, const Subject& subject) {
+// GetConstraints or GetValidationRules into a fresh container, as a host asks.
+template <class Out, void (IDataHelper::*Query)(Out&) const>
+void Fill(benchmark::State& state, const Subject& subject) {
     const auto helper = CreateDataHelper(subject.type, subject.name);
     for (auto _ : state) {
-        IDataHelper::Constraints constraints;
-        helper->GetConstraints(constraints);
-        benchmark::DoNotOptimize(constraints);
-    }
-}
-
-void GetValidationRules(benchmark::State& state, const Subject& subject) {
-    const auto helper = CreateDataHelper(subject.type, subject.name);
-    for (auto _ : state) {
-        IDataHelper::ValidationRules rules;
-        helper->GetValidationRules(rules);
-        benchmark::DoNotOptimize(rules);
+        Out out;
+        ((*helper).*Query)(out);
+        benchmark::DoNotOptimize(out);
     }
 }
 
@@ -137,8 +130,10 @@ void RegisterHelperBenchmarks() {
     for (const Subject& subject : SUBJECTS) {
         const std::string suffix = std::string("/") + subject.label;
         benchmark::RegisterBenchmark((GET_DEFAULTS + suffix).c_str(), GetDefaults, subject);
-        benchmark::RegisterBenchmark((GET_CONSTRAINTS + suffix).c_str(), GetConstraints, subject);
-        benchmark::RegisterBenchmark((GET_VALIDATION_RULES + suffix).c_str(), GetValidationRules, subject);
+        benchmark::RegisterBenchmark((GET_CONSTRAINTS + suffix).c_str(),
+                                     Fill<IDataHelper::Constraints, &IDataHelper::GetConstraints>, subject);
+        benchmark::RegisterBenchmark((GET_VALIDATION_RULES + suffix).c_str(),
+                                     Fill<IDataHelper::ValidationRules, &IDataHelper::GetValidationRules>, subject);
     }
     benchmark::RegisterBenchmark(TYPICAL_MP4_REQUEST, TypicalMp4Request)->Threads(1)->Threads(2)->UseRealTime();
     benchmark::RegisterBenchmark(CHECK_VALID_JOB, CheckValidJob);

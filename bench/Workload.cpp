@@ -6,6 +6,7 @@
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IFormatFile.h"
 #include "Conf/Interfaces/IPreset.h"
+#include "JobAssembly.h"
 #include "StreamSides.h"
 
 #include <algorithm>
@@ -40,17 +41,6 @@ std::size_t BrokenRules(const IDataHelper& helper, const Core::Property& stream)
     }));
 }
 
-void MergeInto(Core::Property& target, const Core::Property& source) {
-    for (const Core::Property& child : source) {
-        Core::Property* existing = target.FindChild(child.GetName());
-        if (existing != nullptr && existing->GetType() == TYPE_CONTAINER && child.GetType() == TYPE_CONTAINER) {
-            MergeInto(*existing, child);
-        } else {
-            target.SetChild(child.GetName(), child);
-        }
-    }
-}
-
 }  // namespace
 
 boost::intrusive_ptr<DialogConsumer> DialogConsumer::Create() {
@@ -63,14 +53,12 @@ void DialogConsumer::Reset() {
 
 void DialogConsumer::AddValue(const std::string& label, const Core::Property& /*value*/) {
     m_labels.push_back(label);
-    ++m_offers;
 }
 
 void DialogConsumer::Commit() {}
 
 void DialogConsumer::SetMaxValue(double value) {
     m_bounds[1] = value;
-    ++m_offers;
 }
 
 void DialogConsumer::SetMaxValue(long long value) {
@@ -79,7 +67,6 @@ void DialogConsumer::SetMaxValue(long long value) {
 
 void DialogConsumer::SetMinValue(double value) {
     m_bounds[0] = value;
-    ++m_offers;
 }
 
 void DialogConsumer::SetMinValue(long long value) {
@@ -106,7 +93,7 @@ PlanResult PlanMp4Job(const boost::intrusive_ptr<DialogConsumer>& dialog) {
         const bool audio = stream[IPreset::KEY_TYPE_ID].GetString() == IPreset::STREAM_TYPE_AUDIO;
         const std::string& codecKey = audio ? IPreset::KEY_FILTER_AUDIO_CODEC : IPreset::KEY_FILTER_VIDEO_CODEC;
         const auto codec = CreateDataHelper(codecKey, stream[codecKey][Conf::IFormatCodec::TAG_CODEC_ID].GetString());
-        MergeInto(stream[codecKey], codec->GetDefaults());
+        Job::MergeInto(stream[codecKey], codec->GetDefaults());
         Offer(*codec, dialog);
 
         IDataHelper::RequiredObjects required;
@@ -119,7 +106,6 @@ PlanResult PlanMp4Job(const boost::intrusive_ptr<DialogConsumer>& dialog) {
             Offer(*filter, dialog);
             result.brokenRules += BrokenRules(*filter, stream);
         }
-        result.requiredFilters += required.size();
 
         // Values the stream holds twice start from the filter's side; once corrected
         // by the codec they are copied back, so rules reading either side agree.
@@ -148,7 +134,6 @@ PlanResult PlanMp4Job(const boost::intrusive_ptr<DialogConsumer>& dialog) {
 
         result.brokenRules += BrokenRules(*codec, stream) + BrokenRules(*format, stream);
     }
-    result.offers = dialog->Offers();
     return result;
 }
 

@@ -28,22 +28,17 @@ public:
     void SetStep(double value) override;
     void SetStep(long long value) override;
 
-    std::size_t Offers() const { return m_offers; }
-
 private:
     DialogConsumer() = default;
     ~DialogConsumer() override = default;
 
     std::vector<std::string> m_labels;
     double m_bounds[3] = {};
-    std::size_t m_offers = 0;
 };
 
 struct PlanResult {
     Core::Property settings;
-    std::size_t offers = 0;       // labels and bounds shown to the user
     std::size_t brokenRules = 0;  // rules the planned job still breaks
-    std::size_t requiredFilters = 0;
 };
 
 // The whole request of a host converting to MP4: the format's defaults, each

@@ -82,23 +82,30 @@ LocalePtr OpenMessageLocale(const std::string& language) {
     return nullptr;
 }
 
-// One message locale per language asked for, made on first use and kept; null when the
-// system has none for the language.
-locale_t MessageLocale(const std::string& language) {
-    static std::shared_mutex mutex;
-    static std::map<std::string, LocalePtr, std::less<>> locales;
+// The entry for key, made by make() on first use and kept. Lookups, by far the most
+// frequent, share the lock.
+template <class Value, class Make>
+const Value& FindOrMake(std::shared_mutex& mutex, std::map<std::string, Value, std::less<>>& entries,
+                        const std::string& key, const Make& make) {
     {
         const std::shared_lock lock(mutex);
-        if (const auto it = locales.find(language); it != locales.end()) {
-            return it->second.get();
+        if (const auto it = entries.find(key); it != entries.end()) {
+            return it->second;
         }
     }
     const std::unique_lock lock(mutex);
-    auto it = locales.find(language);
-    if (it == locales.end()) {
-        it = locales.emplace(language, OpenMessageLocale(language)).first;
+    auto it = entries.find(key);
+    if (it == entries.end()) {
+        it = entries.emplace(key, make()).first;
     }
-    return it->second.get();
+    return it->second;
+}
+
+// One message locale per language asked for; null when the system has none for the language.
+locale_t MessageLocale(const std::string& language) {
+    static std::shared_mutex mutex;
+    static std::map<std::string, LocalePtr, std::less<>> locales;
+    return FindOrMake(mutex, locales, language, [&language] { return OpenMessageLocale(language); }).get();
 }
 
 // glibc takes the language from LANGUAGE before the locale's name, and remembers a translation
@@ -191,18 +198,7 @@ std::string LocalizationManager::Translate(const std::string& text, const std::s
 const LocalizationManager& GetLocalizationManagerForDomain(const std::string& domain) {
     static std::shared_mutex mutex;
     static std::map<std::string, std::unique_ptr<LocalizationManager>, std::less<>> managers;
-    {
-        const std::shared_lock lock(mutex);
-        if (const auto it = managers.find(domain); it != managers.end()) {
-            return *it->second;
-        }
-    }
-    const std::unique_lock lock(mutex);
-    auto it = managers.find(domain);
-    if (it == managers.end()) {
-        it = managers.emplace(domain, std::make_unique<LocalizationManager>(domain)).first;
-    }
-    return *it->second;
+    return *FindOrMake(mutex, managers, domain, [&domain] { return std::make_unique<LocalizationManager>(domain); });
 }
 
 }  // namespace Tervan::Core

@@ -16,17 +16,6 @@ std::string FirstLine(const std::string& text) {
     return text.substr(0, text.find('\n'));
 }
 
-void MergeInto(Core::Property& target, const Core::Property& source) {
-    for (const Core::Property& child : source) {
-        Core::Property* existing = target.FindChild(child.GetName());
-        if (existing != nullptr && existing->GetType() == TYPE_CONTAINER && child.GetType() == TYPE_CONTAINER) {
-            MergeInto(*existing, child);
-        } else {
-            target.SetChild(child.GetName(), child);
-        }
-    }
-}
-
 void ChooseCodec(JobEditor& editor, Job& job, bool audio, const std::string& codecId, const std::string& option) {
     if (codecId.empty()) {
         return;
@@ -133,6 +122,17 @@ void ApplyToStream(JobEditor& editor, const StreamRef& stream, const Core::Prope
 }
 
 }  // namespace
+
+void MergeInto(Core::Property& target, const Core::Property& source) {
+    for (const Core::Property& child : source) {
+        Core::Property* existing = target.FindChild(child.GetName());
+        if (existing != nullptr && existing->GetType() == TYPE_CONTAINER && child.GetType() == TYPE_CONTAINER) {
+            MergeInto(*existing, child);
+        } else {
+            target.SetChild(child.GetName(), child);
+        }
+    }
+}
 
 Job NewJob(const NewJobRequest& request, FixReport& report) {
     const Catalogue catalogue(request.automatic);
