@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+
 using Tervan::Core::MethodIsNotApplicable;
 using Tervan::Core::Property;
 using Tervan::Core::PropertyException;
@@ -91,6 +94,22 @@ TEST(Property, ChildrenKeepInsertionOrderAndSetChildReplacesInPlace) {
     EXPECT_EQ(root.Count(), 2u);
     root.RemoveAll();
     EXPECT_EQ(root.Count(), 0u);
+}
+
+TEST(Property, SetChildTakesItsValueFromTheSameTree) {
+    Property root = SampleTree();
+    // Enough siblings that appending must move the children the value is read from.
+    for (int i = 0; i < 16; ++i) {
+        root.SetChild("copy" + std::to_string(i), root["codec"]);
+    }
+    EXPECT_EQ(root.ChildByPath("copy15" + Property::SEPARATOR + "id").GetString(), "aac");
+    Property& codec = root["codec"];
+    codec.SetChild("nested", codec);
+    EXPECT_EQ(root.ChildByPath("codec" + Property::SEPARATOR + "nested" + Property::SEPARATOR + "id").GetString(),
+              "aac");
+    root.SetChild("moved", std::move(root["copy0"]));
+    EXPECT_EQ(root["moved"]["id"].GetString(), "aac");
+    EXPECT_EQ(root["moved"].GetName(), "moved");
 }
 
 TEST(Property, CreateChildTAppendsWithoutLookingSetChildTReplaces) {

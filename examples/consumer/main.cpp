@@ -1,7 +1,6 @@
 // Prints the registry's tables: every format, audio codec and video codec helper with
 // its default settings' top-level names.
 #include <TervanDataHelpers.h>
-
 #include <iostream>
 
 int main() {

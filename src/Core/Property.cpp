@@ -9,6 +9,10 @@ namespace Tervan::Core {
 
 const std::string Property::SEPARATOR = "/";
 
+namespace {
+constexpr std::size_t MIN_CAPACITY = 8;
+}  // namespace
+
 Property::Property() = default;
 
 Property::Property(const std::string& name) : m_name(name) {}
@@ -133,50 +137,54 @@ Property& Property::SetChild(const std::string& name) {
 }
 
 Property& Property::SetChild(const std::string& name, const Property& value) {
+    // Copy first: value may be a descendant of the child being replaced.
+    return SetChild(name, Property(value));
+}
+
+Property& Property::SetChild(const std::string& name, Property&& value) {
     if (GetType() != TYPE_CONTAINER) {
         BOOST_THROW_EXCEPTION(NotApplicable("SetChild"));
     }
+    // Take the value over before the children may move: it may be one of them.
+    Property taken(std::move(value));
+    taken.m_name = name;
     Property* child = FindChild(name);
     if (child == nullptr) {
-        child = &m_children.emplace_back();
+        return AppendChild(std::move(taken));
     }
-    // Assign through a copy: value may be a descendant of the child being replaced.
-    Property copy(value);
-    copy.m_name = name;
-    *child = std::move(copy);
+    *child = std::move(taken);
     return *child;
 }
 
-Property* Property::FindChild(const std::string& name) {
+Property& Property::AppendChild(Property&& child) {
+    // Settings nodes hold a handful of children: skip the growth steps below that.
+    if (m_children.empty()) {
+        m_children.reserve(MIN_CAPACITY);
+    }
+    return m_children.emplace_back(std::move(child));
+}
+
+Property* Property::FindChild(std::string_view name) {
     auto it = std::find_if(m_children.begin(), m_children.end(),
-                           [&name](const Property& child) { return child.m_name == name; });
+                           [name](const Property& child) { return child.m_name == name; });
     return it == m_children.end() ? nullptr : &*it;
 }
 
-const Property* Property::FindChild(const std::string& name) const {
+const Property* Property::FindChild(std::string_view name) const {
     return const_cast<Property*>(this)->FindChild(name);
 }
 
-const Property* Property::FindChildByPath(const std::string& path) const {
+const Property* Property::FindChildByPath(std::string_view path) const {
     // Rules and constraints look paths up on every check: walk them without copying names.
-    const std::string_view whole(path);
     const Property* node = this;
-    std::string_view::size_type start = 0;
-    while (node != nullptr) {
-        const std::string_view::size_type end = whole.find(SEPARATOR, start);
-        const std::string_view name = whole.substr(start, end == std::string_view::npos ? end : end - start);
-        const auto child = std::find_if(node->m_children.begin(), node->m_children.end(),
-                                        [name](const Property& candidate) { return candidate.m_name == name; });
-        if (child == node->m_children.end()) {
-            return nullptr;
+    for (;;) {
+        const std::string_view::size_type end = path.find(SEPARATOR);
+        node = node->FindChild(path.substr(0, end));
+        if (node == nullptr || end == std::string_view::npos) {
+            return node;
         }
-        if (end == std::string_view::npos) {
-            return &*child;
-        }
-        node = &*child;
-        start = end + SEPARATOR.size();
+        path.remove_prefix(end + SEPARATOR.size());
     }
-    return nullptr;
 }
 
 const Property& Property::ChildByPath(const std::string& path) const {
@@ -193,13 +201,13 @@ Property& Property::ChildByPath(const std::string& path) {
     return const_cast<Property&>(static_cast<const Property*>(this)->ChildByPath(path));
 }
 
-bool Property::ChildExists(const std::string& name) const {
+bool Property::ChildExists(std::string_view name) const {
     return FindChild(name) != nullptr;
 }
 
-void Property::RemoveChild(const std::string& name) {
+void Property::RemoveChild(std::string_view name) {
     auto it = std::find_if(m_children.begin(), m_children.end(),
-                           [&name](const Property& child) { return child.m_name == name; });
+                           [name](const Property& child) { return child.m_name == name; });
     if (it != m_children.end()) {
         m_children.erase(it);
     }

@@ -7,6 +7,7 @@
 #include <boost/rational.hpp>
 
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <variant>
 #include <vector>
@@ -32,9 +33,8 @@ public:
     Property(const std::string& name, const char* value);
     Property(const std::string& name, const Ratio& value);
     // Every other integer type is stored as a 64-bit integer.
-    template <class T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, bool> &&
-                                            !std::is_same_v<T, long long>,
-                                        int> = 0>
+    template <class T, std::enable_if_t<
+                           std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, long long>, int> = 0>
     Property(const std::string& name, T value) : Property(name, static_cast<long long>(value)) {}
 
     Property(const Property&) = default;
@@ -67,15 +67,16 @@ public:
 
     Property& SetChild(const std::string& name);
     Property& SetChild(const std::string& name, const Property& value);
-    Property* FindChild(const std::string& name);
-    const Property* FindChild(const std::string& name) const;
+    Property& SetChild(const std::string& name, Property&& value);
+    Property* FindChild(std::string_view name);
+    const Property* FindChild(std::string_view name) const;
     // Throws PropertyException naming the path when an element is missing.
     const Property& ChildByPath(const std::string& path) const;
     Property& ChildByPath(const std::string& path);
     // Null instead of an exception when an element is missing.
-    const Property* FindChildByPath(const std::string& path) const;
-    bool ChildExists(const std::string& name) const;
-    void RemoveChild(const std::string& name);
+    const Property* FindChildByPath(std::string_view path) const;
+    bool ChildExists(std::string_view name) const;
+    void RemoveChild(std::string_view name);
     void RemoveAll();
     unsigned long Count() const { return static_cast<unsigned long>(m_children.size()); }
 
@@ -101,8 +102,7 @@ public:
         if (GetType() != TYPE_CONTAINER) {
             BOOST_THROW_EXCEPTION(NotApplicable("CreateChildT"));
         }
-        m_children.emplace_back(name, value);
-        return m_children.back();
+        return AppendChild(Property(name, value));
     }
 
     template <class T>
@@ -123,6 +123,7 @@ private:
     MethodIsNotApplicable NotApplicable(const char* method) const;
     [[noreturn]] void ThrowWrongType(const char* method) const;
     Property& AssignValue(Value value);
+    Property& AppendChild(Property&& child);
 
     std::string m_name;
     Value m_value;

@@ -94,7 +94,8 @@ std::vector<std::uint64_t> ChannelMasks(const AVCodec* codec) {
 #endif
 #if LIBAVCODEC_VERSION_INT >= AV_VERSION_INT(59, 24, 100)
     std::vector<std::uint64_t> masks;
-    for (const AVChannelLayout& layout : Collect(layouts, [](const AVChannelLayout& l) { return l.nb_channels == 0; })) {
+    for (const AVChannelLayout& layout :
+         Collect(layouts, [](const AVChannelLayout& l) { return l.nb_channels == 0; })) {
         // Only native-order layouts have a mask; the others cannot be named by our records.
         if (layout.order == AV_CHANNEL_ORDER_NATIVE) {
             masks.push_back(layout.u.mask);
@@ -132,7 +133,9 @@ Conf::ChannelLayout ChannelLayoutTervanFromFFMPEG(std::uint64_t mask) {
     return record == nullptr ? Conf::CH_LAYOUT_UNKNOWN : record->layout;
 }
 
-bool ChannelLayoutFFMPEGIsSupported(std::uint64_t mask) { return Conf::LayoutRecord::FindByMask(mask) != nullptr; }
+bool ChannelLayoutFFMPEGIsSupported(std::uint64_t mask) {
+    return Conf::LayoutRecord::FindByMask(mask) != nullptr;
+}
 
 std::optional<EncoderDescription> FindEncoder(const std::string& encoderName, int codecId) {
     const AVCodec* codec = encoderName.empty() ? avcodec_find_encoder(static_cast<AVCodecID>(codecId))

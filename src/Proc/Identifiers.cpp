@@ -27,8 +27,8 @@ const std::string IFilterResize::CLASS_ID = "resize";
 const std::string IResize::CLASS_ID = "resizer", IResize::MODE = "mode", IResize::METHOD = "method",
                   IResize::FRAME_SIZE_MODE = "frame_size_mode";
 const std::string IResize::MODE_SMART_FIT = "smart_fit", IResize::MODE_UP_TO = "up_to",
-                  IResize::MODE_LETTERBOX = "letterbox", IResize::MODE_STRETCH = "stretch",
-                  IResize::MODE_AUTO = "auto", IResize::MODE_CROP = "crop";
+                  IResize::MODE_LETTERBOX = "letterbox", IResize::MODE_STRETCH = "stretch", IResize::MODE_AUTO = "auto",
+                  IResize::MODE_CROP = "crop";
 const std::string IResize::METHOD_POINT = "point", IResize::METHOD_FAST_BILINEAR = "fast_bilinear",
                   IResize::METHOD_BILINEAR = "bilinear", IResize::METHOD_BICUBIC = "bicubic";
 const std::string IResize::FRAME_SIZE_CUSTOM = "custom", IResize::FRAME_SIZE_CUSTOM_SCALE = "custom_scale",

@@ -10,6 +10,8 @@
 #include "Proc/IResize.h"
 #include "Proc/SettingsFilterFrameRate.h"
 
+#include <utility>
+
 namespace Tervan::Job {
 namespace {
 
@@ -84,17 +86,17 @@ bool IsAutomatic(const Twin& twin, const Core::Property& value) {
     return twin.automaticValue != nullptr && value == *twin.automaticValue;
 }
 
-Core::Property& SetAt(Core::Property& root, const std::string& path, const Core::Property& value) {
+Core::Property& SetAt(Core::Property& root, std::string_view path, Core::Property value) {
     Core::Property* node = &root;
-    std::string::size_type start = 0;
     for (;;) {
-        const std::string::size_type end = path.find(Core::Property::SEPARATOR, start);
-        const std::string name = path.substr(start, end == std::string::npos ? std::string::npos : end - start);
-        if (end == std::string::npos) {
-            return node->SetChild(name, value);
+        const std::string_view::size_type end = path.find(Core::Property::SEPARATOR);
+        const std::string_view name = path.substr(0, end);
+        if (end == std::string_view::npos) {
+            return node->SetChild(std::string(name), std::move(value));
         }
-        node = &(*node)[name];
-        start = end + Core::Property::SEPARATOR.size();
+        Core::Property* child = node->FindChild(name);
+        node = child != nullptr ? child : &node->SetChild(std::string(name));
+        path.remove_prefix(end + Core::Property::SEPARATOR.size());
     }
 }
 

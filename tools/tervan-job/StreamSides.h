@@ -3,6 +3,7 @@
 #include "Core/Property.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Tervan::Job {
@@ -31,8 +32,9 @@ const Twin* TwinAt(bool audio, const std::string& path);
 // Whether value is the filter's automatic value for the twin.
 bool IsAutomatic(const Twin& twin, const Core::Property& value);
 
-// Sets the node at path, creating containers on the way; returns it.
-Core::Property& SetAt(Core::Property& root, const std::string& path, const Core::Property& value);
+// Sets the node at path, creating containers on the way; returns it. The value is
+// taken by copy, so it may be a node of the same tree.
+Core::Property& SetAt(Core::Property& root, std::string_view path, Core::Property value);
 
 // The stream as rules should read it: a value missing on one side is taken from the other.
 Core::Property RuleView(const Core::Property& stream, bool audio);

@@ -293,17 +293,21 @@ void DataHelperCodecFFMPEG::CorrectAudioResamplerSettings(Core::Property& settin
 }
 
 void DataHelperCodecFFMPEG::CorrectBitrate(Core::Property& settings) const {
-    const Core::Property defaults = GetDefaults();
     Constraints constraints;
     GetConstraints(constraints);
+    // Most trees need no fallback: the defaults are built only for one that does.
+    std::optional<Core::Property> defaults;
     for (const std::string* tag : kBitrateTags) {
-        if (settings.ChildExists(*tag)) {
+        if (Core::Property* value = settings.FindChild(*tag)) {
             const auto constraint = constraints.find(*tag);
-            if (constraint != constraints.end() && constraint->second->Fixup(settings[*tag])) {
+            if (constraint != constraints.end() && constraint->second->Fixup(*value)) {
                 continue;
             }
         }
-        if (const Core::Property* fallback = defaults.FindChild(*tag)) {
+        if (!defaults) {
+            defaults = GetDefaults();
+        }
+        if (const Core::Property* fallback = defaults->FindChild(*tag)) {
             settings.SetChild(*tag, *fallback);
         }
     }
