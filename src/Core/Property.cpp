@@ -206,10 +206,8 @@ bool Property::ChildExists(std::string_view name) const {
 }
 
 void Property::RemoveChild(std::string_view name) {
-    auto it = std::find_if(m_children.begin(), m_children.end(),
-                           [name](const Property& child) { return child.m_name == name; });
-    if (it != m_children.end()) {
-        m_children.erase(it);
+    if (const Property* child = FindChild(name)) {
+        m_children.erase(m_children.begin() + (child - m_children.data()));
     }
 }
 

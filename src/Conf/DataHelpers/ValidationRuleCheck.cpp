@@ -26,20 +26,6 @@ Judgement Judge(const IPropertyConstraint& constraint, const std::string& path, 
     return Judgement::WRONG_TYPE;
 }
 
-// Builds the detail line only when asked: a host checking many rules wants verdicts.
-class Explainer {
-public:
-    explicit Explainer(bool explain) : m_explain(explain) {}
-
-    template <class Text>
-    std::string operator()(const Text& text) const {
-        return m_explain ? text() : std::string();
-    }
-
-private:
-    bool m_explain;
-};
-
 std::string Said(const std::string& path, const Core::Property& value) {
     return path + " is " + Core::PropertyValueToString(value);
 }
@@ -54,7 +40,8 @@ ValidationRuleCheck Make(ValidationRuleCheck::Verdict verdict, const std::string
 
 ValidationRuleCheck Run(const IValidationRule& rule, const Core::Property& settings, bool explain) {
     using Check = ValidationRuleCheck;
-    const Explainer text(explain);
+    // Builds the detail line only when asked: a host checking many rules wants verdicts.
+    const auto text = [explain](const auto& make) { return explain ? make() : std::string(); };
     const std::string firstPath = rule.GetFirstPath();
     const auto firstConstraint = rule.GetFirstConstraint();
     // Why the second setting is asked at all, for the detail line.
