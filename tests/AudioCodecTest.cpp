@@ -6,6 +6,7 @@
 #include "Conf/DataHelpers/ValidationRuleCheck.h"
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IPreset.h"
+#include "HelperQueries.h"
 #include "Proc/IFilterResample.h"
 #include "Proc/IResample.h"
 #include "RecordingConsumer.h"
@@ -20,6 +21,7 @@
 
 using namespace Tervan;
 using namespace Tervan::Conf;
+using namespace HelperQueries;
 using C = IFormatCodec;
 using A = IFormatCodecAudio;
 
@@ -27,22 +29,6 @@ namespace {
 
 DataHelperPtr AudioHelper(const std::string& codecId) {
     return CreateDataHelper(IPreset::KEY_FILTER_AUDIO_CODEC, codecId);
-}
-
-IDataHelper::Constraints ConstraintsOf(const IDataHelper& helper) {
-    IDataHelper::Constraints constraints;
-    helper.GetConstraints(constraints);
-    return constraints;
-}
-
-IDataHelper::ValidationRules RulesOf(const IDataHelper& helper) {
-    IDataHelper::ValidationRules rules;
-    helper.GetValidationRules(rules);
-    return rules;
-}
-
-std::string ResamplerPath(const std::string& tag) {
-    return Proc::IFilterResample::CLASS_ID + "/" + Proc::IResample::CLASS_ID + "/" + tag;
 }
 
 // A codec node as correction sees it: the resampler values live beside the codec id.

@@ -6,6 +6,7 @@
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IPreset.h"
 #include "Conf/VideoBitrate.h"
+#include "HelperQueries.h"
 #include "Media/MediaWrapper.h"
 #include "Proc/IFilterFrameRate.h"
 #include "Proc/IFilterResample.h"
@@ -20,6 +21,7 @@
 
 using namespace Tervan;
 using namespace Tervan::Conf;
+using namespace HelperQueries;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 using A = IFormatCodecAudio;
@@ -302,14 +304,12 @@ TEST(CodecBase, VideoFrameRatesBecomeConstraintAndRule) {
     if (mpeg1->GetFrameRates().empty()) {
         GTEST_SKIP() << "no MPEG-1 video encoder";
     }
-    IDataHelper::Constraints constraints;
-    mpeg1->GetConstraints(constraints);
+    IDataHelper::Constraints constraints = ConstraintsOf(*mpeg1);
     ASSERT_EQ(constraints.count(V::TAG_FPS), 1u);
     EXPECT_TRUE(constraints[V::TAG_FPS]->IsValid(Core::Property("", boost::rational<long long>(25))));
     EXPECT_FALSE(constraints[V::TAG_FPS]->IsValid(Core::Property("", boost::rational<long long>(15))));
 
-    IDataHelper::ValidationRules rules;
-    mpeg1->GetValidationRules(rules);
+    const IDataHelper::ValidationRules rules = RulesOf(*mpeg1);
     ASSERT_EQ(rules.size(), 1u);
     EXPECT_EQ(rules[0].first, Core::Property::SEPARATOR);
     EXPECT_EQ(rules[0].second->GetFirstPath(), IPreset::KEY_FILTER_VIDEO_CODEC + "/" + C::TAG_CODEC_ID);
@@ -332,26 +332,19 @@ TEST(CodecBase, Mp3EncoderSampleRatesFrom11025) {
     EXPECT_EQ(mp3->GetSampleRates(), expected);
     EXPECT_LT(expected.size(), encoder->sampleRates.size()) << "the encoder lists no rate below 11025";
 
-    IDataHelper::ValidationRules rules;
-    mp3->GetValidationRules(rules);
-    const std::string resampler = Proc::IFilterResample::CLASS_ID + "/" + Proc::IResample::CLASS_ID + "/";
     std::vector<std::string> paths;
-    for (const auto& rule : rules) {
+    for (const auto& rule : RulesOf(*mp3)) {
         paths.push_back(rule.second->GetSecondPath());
         EXPECT_EQ(rule.second->GetFirstPath(), IPreset::KEY_FILTER_AUDIO_CODEC + "/" + C::TAG_CODEC_ID);
     }
-    EXPECT_EQ(paths, (std::vector<std::string>{resampler + A::TAG_SAMPLE_RATE, resampler + A::TAG_SAMPLE_FORMAT,
-                                               resampler + A::TAG_LAYOUT}));
+    EXPECT_EQ(paths, (std::vector<std::string>{ResamplerPath(A::TAG_SAMPLE_RATE), ResamplerPath(A::TAG_SAMPLE_FORMAT),
+                                               ResamplerPath(A::TAG_LAYOUT)}));
 }
 
 TEST(CodecBase, MissingEncoderLeavesNoDerivedRules) {
     const auto unknown = PlainCodec::Make("no-such-codec", MEDIA_TYPE_VIDEO);
-    IDataHelper::ValidationRules rules;
-    unknown->GetValidationRules(rules);
-    IDataHelper::Constraints constraints;
-    unknown->GetConstraints(constraints);
-    EXPECT_TRUE(rules.empty());
-    EXPECT_TRUE(constraints.empty());
+    EXPECT_TRUE(RulesOf(*unknown).empty());
+    EXPECT_TRUE(ConstraintsOf(*unknown).empty());
     EXPECT_EQ(unknown->GetDefaults().Count(), 1u);
     EXPECT_EQ(unknown->GetDefaults().GetName(), IPreset::KEY_FILTER_VIDEO_CODEC);
 }

@@ -107,8 +107,7 @@ TEST(ContainerFormat, ConstraintsAreTheSharedCodecLists) {
         }
         SCOPED_TRACE(format);
         const DataHelperFormatBase& base = AsFormatBase(*helper);
-        IDataHelper::Constraints constraints;
-        helper->GetConstraints(constraints);
+        const IDataHelper::Constraints constraints = ConstraintsOf(*helper);
         IDataHelper::Constraints expected;
         std::set<std::string> kinds;
         const Property defaults = helper->GetDefaults();
@@ -183,9 +182,7 @@ TEST(ContainerFormat, SampleRateRules) {
         const std::vector<std::string> broken = BrokenRules(*Format(c.format), AudioJob(c.codec, c.rate));
         EXPECT_EQ(broken, c.broken ? std::vector<std::string>{kSampleRatePath} : std::vector<std::string>{});
     }
-    IDataHelper::ValidationRules rules;
-    Format(F::FORMAT_AVI)->GetValidationRules(rules);
-    EXPECT_TRUE(rules.empty());
+    EXPECT_TRUE(RulesOf(*Format(F::FORMAT_AVI)).empty());
 }
 
 TEST(ContainerFormat, AliasesAreSeparateInstances) {

@@ -134,8 +134,7 @@ TEST(DiscFormat, DvdCorrectsOnlyTheSampleRate) {
 }
 
 TEST(DiscFormat, DvdConstraints) {
-    IDataHelper::Constraints constraints;
-    Format(F::FORMAT_DVD)->GetConstraints(constraints);
+    IDataHelper::Constraints constraints = ConstraintsOf(*Format(F::FORMAT_DVD));
     ASSERT_EQ(constraints.size(), 6u);
 
     const ConstraintPtr standard = constraints.at(F::TAG_DVD_STANDARD);

@@ -5,6 +5,7 @@
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IPreset.h"
 #include "Core/Property.h"
+#include "HelperQueries.h"
 #include "Proc/IAudioFormatter.h"
 #include "Proc/IDeinterlace.h"
 #include "Proc/IFilterAudioFormatter.h"
@@ -23,6 +24,7 @@
 
 using namespace Tervan;
 using namespace Tervan::Conf;
+using namespace HelperQueries;
 using Core::Property;
 using Ratio = Property::Ratio;
 using A = IFormatCodecAudio;
@@ -40,12 +42,6 @@ const std::string kFilters[] = {
 
 DataHelperPtr Filter(const std::string& classId) {
     return CreateDataHelper(classId, "");
-}
-
-IDataHelper::Constraints ConstraintsOf(const std::string& classId) {
-    IDataHelper::Constraints constraints;
-    Filter(classId)->GetConstraints(constraints);
-    return constraints;
 }
 
 template <class T>
@@ -85,7 +81,7 @@ TEST(FilterHelpers, RegisteredDefaultsSatisfyTheirOwnConstraints) {
         SCOPED_TRACE(classId);
         const Property defaults = Filter(classId)->GetDefaults();
         EXPECT_EQ(defaults.GetName(), classId);
-        for (const auto& [path, constraint] : ConstraintsOf(classId)) {
+        for (const auto& [path, constraint] : ConstraintsOf(*Filter(classId))) {
             SCOPED_TRACE(path);
             ASSERT_TRUE(constraint);
             EXPECT_TRUE(constraint->IsValid(defaults.ChildByPath(path)));
@@ -128,7 +124,7 @@ TEST(DataHelperAudioResample, PresetRulesLeaveAutomaticValuesAlone) {
 }
 
 TEST(DataHelperAudioResample, ConstraintsAdmitTheListedValues) {
-    const IDataHelper::Constraints constraints = ConstraintsOf(Proc::IFilterResample::CLASS_ID);
+    const IDataHelper::Constraints constraints = ConstraintsOf(*Filter(Proc::IFilterResample::CLASS_ID));
     ASSERT_EQ(constraints.size(), 2u);
     const ConstraintPtr& rate = constraints.at(Resampler(A::TAG_SAMPLE_RATE));
     EXPECT_TRUE(Admits(rate, -1LL));
@@ -143,7 +139,7 @@ TEST(DataHelperAudioResample, ConstraintsAdmitTheListedValues) {
 
 TEST(DataHelperAudioVolume, VolumeIsBetweenSilenceAndDouble) {
     const ConstraintPtr volume =
-        ConstraintsOf(Proc::IFilterAudioVolume::CLASS_ID).at(Proc::IFilterAudioVolume::VOLUME_VALUE);
+        ConstraintsOf(*Filter(Proc::IFilterAudioVolume::CLASS_ID)).at(Proc::IFilterAudioVolume::VOLUME_VALUE);
     EXPECT_TRUE(Admits(volume, 0LL));
     EXPECT_TRUE(Admits(volume, 200LL));
     EXPECT_FALSE(Admits(volume, 201LL));
@@ -151,7 +147,7 @@ TEST(DataHelperAudioVolume, VolumeIsBetweenSilenceAndDouble) {
 }
 
 TEST(DataHelperVideoResize, FrameBoundsAreAsymmetric) {
-    const IDataHelper::Constraints constraints = ConstraintsOf(Proc::IFilterResize::CLASS_ID);
+    const IDataHelper::Constraints constraints = ConstraintsOf(*Filter(Proc::IFilterResize::CLASS_ID));
     const ConstraintPtr& width = constraints.at(Resizer(V::TAG_WIDTH));
     const ConstraintPtr& height = constraints.at(Resizer(V::TAG_HEIGHT));
     EXPECT_TRUE(Admits(width, 4096LL));
@@ -166,8 +162,7 @@ TEST(DataHelperVideoResize, FrameBoundsAreAsymmetric) {
 
 TEST(DataHelperVideoResize, EvenSizeRulesStandAlone) {
     const DataHelperPtr helper = Filter(Proc::IFilterResize::CLASS_ID);
-    IDataHelper::ValidationRules rules;
-    helper->GetValidationRules(rules);
+    const IDataHelper::ValidationRules rules = RulesOf(*helper);
     ASSERT_EQ(rules.size(), 2u);
     Property job("job");
     job.SetChild(Proc::IFilterResize::CLASS_ID, helper->GetDefaults());
@@ -243,7 +238,7 @@ TEST(DataHelperVideoResize, DefaultPresetFillsAnAutoBox) {
 }
 
 TEST(DataHelperVideoResample, OffersSixteenRatesWithAutoFirst) {
-    const ConstraintPtr fps = ConstraintsOf(Proc::IFilterFrameRate::CLASS_ID).at(V::TAG_FPS);
+    const ConstraintPtr fps = ConstraintsOf(*Filter(Proc::IFilterFrameRate::CLASS_ID)).at(V::TAG_FPS);
     const auto* set = dynamic_cast<const ConstraintSet*>(fps.get());
     ASSERT_NE(set, nullptr);
     const PairList<Property>& entries = set->GetEntries();

@@ -10,6 +10,7 @@
 #include "Conf/Interfaces/IFormatFile.h"
 #include "Conf/Interfaces/IPreset.h"
 #include "Core/Property.h"
+#include "HelperQueries.h"
 
 #include <gtest/gtest.h>
 
@@ -21,6 +22,7 @@ namespace FormatTest {
 
 using namespace Tervan;
 using namespace Tervan::Conf;
+using namespace HelperQueries;
 using Core::Property;
 
 inline DataHelperPtr Format(const std::string& id) {
@@ -70,10 +72,8 @@ inline std::string HelperMessage(const std::function<void()>& action) {
 // The second paths of the helper's rules that settings break, in rule order. A rule
 // that cannot judge the tree fails the test.
 inline std::vector<std::string> BrokenRules(const IDataHelper& helper, const Property& settings) {
-    IDataHelper::ValidationRules rules;
-    helper.GetValidationRules(rules);
     std::vector<std::string> broken;
-    for (const auto& [name, rule] : rules) {
+    for (const auto& [name, rule] : RulesOf(helper)) {
         EXPECT_EQ(name, Property::SEPARATOR);
         const ValidationRuleCheck check = ValidationRuleCheck::Evaluate(*rule, settings);
         if (check.verdict == ValidationRuleCheck::BROKEN) {

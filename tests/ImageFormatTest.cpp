@@ -22,8 +22,7 @@ TreeDefaults PictureTree(const std::string& container, const std::string& codec)
 }
 
 ConstraintPtr OnlyConstraint(const IDataHelper& helper) {
-    IDataHelper::Constraints constraints;
-    helper.GetConstraints(constraints);
+    const IDataHelper::Constraints constraints = ConstraintsOf(helper);
     EXPECT_EQ(constraints.size(), 1u);
     const std::string key = IPreset::KEY_STREAMS + IPreset::INDEX + IPreset::STREAM_TYPE_VIDEO + Property::SEPARATOR +
                             IPreset::KEY_FILTER_VIDEO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
@@ -93,7 +92,5 @@ TEST(ImageFormat, OnlyGifHasAFrameRateRule) {
         EXPECT_EQ(BrokenRules(*Format(F::FORMAT_GIF), job),
                   c.broken ? std::vector<std::string>{fps} : std::vector<std::string>{});
     }
-    IDataHelper::ValidationRules rules;
-    Format(F::FORMAT_PNG)->GetValidationRules(rules);
-    EXPECT_TRUE(rules.empty());
+    EXPECT_TRUE(RulesOf(*Format(F::FORMAT_PNG)).empty());
 }

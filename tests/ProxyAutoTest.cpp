@@ -12,6 +12,7 @@
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IFormatFile.h"
 #include "Conf/Interfaces/IPreset.h"
+#include "HelperQueries.h"
 #include "Proc/IFilterFrameRate.h"
 #include "Proc/IFilterResample.h"
 #include "Proc/IResample.h"
@@ -25,6 +26,7 @@
 
 using namespace Tervan;
 using namespace Tervan::Conf;
+using namespace HelperQueries;
 using Core::Property;
 using Ratio = boost::rational<long long>;
 using Labels = std::vector<std::string>;
@@ -45,28 +47,12 @@ std::string VideoCodecKey() {
            IPreset::KEY_FILTER_VIDEO_CODEC + Sep() + IFormatCodec::TAG_CODEC_ID;
 }
 
-std::string ResamplerPath(const std::string& tag) {
-    return Proc::IFilterResample::CLASS_ID + Sep() + Proc::IResample::CLASS_ID + Sep() + tag;
-}
-
 std::string FrameRatePath() {
     return Proc::IFilterFrameRate::CLASS_ID + Sep() + IFormatCodecVideo::TAG_FPS;
 }
 
 DataHelperPtr Wrap(const DataHelperPtr& helper) {
     return DataHelperProxyAuto::Create(IPreset::KEY_FORMAT, helper);
-}
-
-IDataHelper::Constraints ConstraintsOf(const IDataHelper& helper) {
-    IDataHelper::Constraints constraints;
-    helper.GetConstraints(constraints);
-    return constraints;
-}
-
-IDataHelper::ValidationRules RulesOf(const IDataHelper& helper) {
-    IDataHelper::ValidationRules rules;
-    helper.GetValidationRules(rules);
-    return rules;
 }
 
 // The one rule whose second path is path.

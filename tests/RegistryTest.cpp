@@ -3,6 +3,7 @@
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IPreset.h"
+#include "HelperQueries.h"
 #include "Proc/IFilterFrameRate.h"
 #include "Proc/IFilterResample.h"
 #include "Proc/IFilterResize.h"
@@ -13,6 +14,7 @@
 
 using namespace Tervan;
 using namespace Tervan::Conf;
+using namespace HelperQueries;
 
 namespace {
 
@@ -110,13 +112,11 @@ TEST(Registry, LookupsAreStableAndShared) {
 TEST(Registry, SharedObjectsTakeNoCountWrites) {
     const auto helper = CreateDataHelper(IPreset::KEY_FILTER_VIDEO_CODEC, "h264");
     const long helperCount = helper->GetRefCount();
-    IDataHelper::Constraints first;
-    helper->GetConstraints(first);
+    const IDataHelper::Constraints first = ConstraintsOf(*helper);
     ASSERT_FALSE(first.empty());
     const auto& [path, constraint] = *first.begin();
     const long constraintCount = constraint->GetRefCount();
-    IDataHelper::Constraints second;
-    helper->GetConstraints(second);
+    const IDataHelper::Constraints second = ConstraintsOf(*helper);
     const auto again = CreateDataHelper(IPreset::KEY_FILTER_VIDEO_CODEC, "h264");
     EXPECT_EQ(second.at(path), constraint) << "the same shared object for " << path;
     EXPECT_EQ(constraint->GetRefCount(), constraintCount);
@@ -130,9 +130,7 @@ TEST(Registry, DefaultsSatisfyTheirOwnConstraints) {
             const Core::Property defaults = helper->GetDefaults();
             EXPECT_EQ(defaults.GetName(), type);
             EXPECT_EQ(defaults[IFormatCodec::TAG_CODEC_ID].GetString(), name);
-            IDataHelper::Constraints constraints;
-            helper->GetConstraints(constraints);
-            for (const auto& [path, constraint] : constraints) {
+            for (const auto& [path, constraint] : ConstraintsOf(*helper)) {
                 SCOPED_TRACE(name + " " + path);
                 ASSERT_TRUE(constraint);
                 if (const Core::Property* value = defaults.FindChildByPath(path)) {

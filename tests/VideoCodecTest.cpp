@@ -9,6 +9,7 @@
 #include "Conf/DataHelpers/ValidationRuleCheck.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IPreset.h"
+#include "HelperQueries.h"
 #include "Proc/IFilterFrameRate.h"
 #include "Proc/IFilterResize.h"
 #include "Proc/IResize.h"
@@ -20,6 +21,7 @@
 
 using namespace Tervan;
 using namespace Tervan::Conf;
+using namespace HelperQueries;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
@@ -27,12 +29,6 @@ namespace {
 
 DataHelperPtr VideoHelper(const std::string& codecId) {
     return CreateDataHelper(IPreset::KEY_FILTER_VIDEO_CODEC, codecId);
-}
-
-IDataHelper::Constraints ConstraintsOf(const IDataHelper& helper) {
-    IDataHelper::Constraints constraints;
-    helper.GetConstraints(constraints);
-    return constraints;
 }
 
 template <class T>
