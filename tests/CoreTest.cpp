@@ -195,11 +195,12 @@ TEST(Localization, ShippedCatalogsTranslate) {
 
 TEST(Localization, EnvironmentChoosesTheLanguage) {
     const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
-    ::setenv("LANGUAGE", "de:fr", 1);
-    EXPECT_EQ(manager.Translate("Value must be an even number"), "Der Wert muss eine gerade Zahl sein");
-    ::setenv("LANGUAGE", "C", 1);
-    EXPECT_EQ(manager.Translate("Value must be an even number"), "Value must be an even number");
-    ::unsetenv("LANGUAGE");
+    {
+        const ScopedVariable languageVariable("LANGUAGE", "de:fr");
+        EXPECT_EQ(manager.Translate(kEven), kEvenDe);
+    }
+    const ScopedVariable languageVariable("LANGUAGE", "C");
+    EXPECT_EQ(manager.Translate(kEven), kEven);
 }
 
 TEST(Localization, AnyLocaleOfTheLanguageServesIt) {

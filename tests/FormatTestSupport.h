@@ -14,7 +14,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -54,19 +53,6 @@ inline Property Settings(const std::vector<std::pair<std::string, Property>>& va
         At(root, path).CopyDataFrom(value);
     }
     return root;
-}
-
-// The description of the HelperException that action throws.
-inline std::string HelperMessage(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const HelperException& e) {
-        EXPECT_NE(boost::get_error_info<Exception::TagCallStack>(e), nullptr);
-        const std::string* description = boost::get_error_info<Exception::TagDescription>(e);
-        return description ? *description : "(no description)";
-    }
-    ADD_FAILURE() << "no HelperException";
-    return {};
 }
 
 // The second paths of the helper's rules that settings break, in rule order. A rule
