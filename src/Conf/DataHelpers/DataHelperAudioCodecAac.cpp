@@ -11,7 +11,6 @@ using A = IFormatCodecAudio;
 
 const long long kBitrates[] = {32000, 64000, 96000, 128000, 160000, 192000, 224000, 256000, 320000, 448000, 512000};
 const std::string* const kLayouts[] = {&A::TAG_CH_LAYOUT_MONO, &A::TAG_CH_LAYOUT_STEREO};
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR};
 const std::string* const kProfiles[] = {&A::TAG_AAC_PROFILE_MAIN, &A::TAG_AAC_PROFILE_LOW, &A::TAG_AAC_PROFILE_SSR,
                                         &A::TAG_AAC_PROFILE_LTP,  &A::TAG_AAC_PROFILE_HE,  &A::TAG_AAC_PROFILE_HE_V2,
                                         &A::TAG_AAC_PROFILE_LD,   &A::TAG_AAC_PROFILE_ELD};
@@ -27,7 +26,7 @@ const Default kDefaults[] = {
 const Setting kConstraints[] = {
     Integers(Place::CODEC, C::TAG_BITRATE, kBitrates),
     Strings(Place::OPTIONS, C::TAG_PROFILE, kProfiles),
-    Strings(Place::CODEC, C::TAG_BITRATE_MODE, kModes),
+    Strings(Place::CODEC, C::TAG_BITRATE_MODE, BitrateModes::CBR_ONLY),
     Strings(Place::RESAMPLER, A::TAG_LAYOUT, kLayouts),
 };
 // Codec rules after the encoder's.

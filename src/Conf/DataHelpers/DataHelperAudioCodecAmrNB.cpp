@@ -12,7 +12,6 @@ using A = IFormatCodecAudio;
 const long long kBitrates[] = {4750, 5150, 5900, 6700, 7400, 7950, 10200, 12200};
 const long long kSampleRates[] = {8000};
 const std::string* const kLayouts[] = {&A::TAG_CH_LAYOUT_MONO};
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR};
 
 // Defaults after the codec id, in order.
 const Default kDefaults[] = {
@@ -22,7 +21,7 @@ const Default kDefaults[] = {
 // Constraints set over the base's.
 const Setting kConstraints[] = {
     Integers(Place::CODEC, C::TAG_BITRATE, kBitrates),
-    Strings(Place::CODEC, C::TAG_BITRATE_MODE, kModes),
+    Strings(Place::CODEC, C::TAG_BITRATE_MODE, BitrateModes::CBR_ONLY),
 };
 // Codec rules after the encoder's, which drop 8000 Hz as too low for other codecs.
 const Setting kRules[] = {

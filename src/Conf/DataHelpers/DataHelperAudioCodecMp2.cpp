@@ -12,7 +12,6 @@ using A = IFormatCodecAudio;
 const long long kBitrates[] = {32000,  48000,  56000,  64000,  80000,  96000, 112000,
                                128000, 160000, 192000, 224000, 256000, 320000};
 const long long kSampleRates[] = {32000, 44100, 48000};
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR};
 
 // Defaults after the codec id, in order.
 const Default kDefaults[] = {
@@ -22,7 +21,7 @@ const Default kDefaults[] = {
 // Constraints set over the base's.
 const Setting kConstraints[] = {
     Integers(Place::CODEC, C::TAG_BITRATE, kBitrates),
-    Strings(Place::CODEC, C::TAG_BITRATE_MODE, kModes),
+    Strings(Place::CODEC, C::TAG_BITRATE_MODE, BitrateModes::CBR_ONLY),
 };
 // Codec rules after the encoder's.
 const Setting kRules[] = {

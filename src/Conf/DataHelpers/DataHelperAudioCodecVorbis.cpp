@@ -23,7 +23,6 @@ const long long kSampleRates[] = {8000, 11025, 16000, 22050, 24000, 32000, 44100
 const std::string* const kLayouts[] = {&A::TAG_CH_LAYOUT_MONO,   &A::TAG_CH_LAYOUT_STEREO,  &A::TAG_CH_LAYOUT_2_1,
                                        &A::TAG_CH_LAYOUT_2_2,    &A::TAG_CH_LAYOUT_5POINT0, &A::TAG_CH_LAYOUT_5POINT1,
                                        &A::TAG_CH_LAYOUT_7POINT1};
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR, &C::TAG_BITRATE_MODE_VBR};
 
 // The encoder's bitrate bounds in kbit/s, lowest and highest of kBitrates taken.
 // Rows: 1 to 8 channels; columns: kSampleRates.
@@ -65,7 +64,7 @@ const Default kDefaults[] = {
 const Setting kConstraints[] = {
     Integers(Place::CODEC, C::TAG_BITRATE, kBitrates),
     DefaultQuality(C::TAG_QUALITY),
-    Strings(Place::CODEC, C::TAG_BITRATE_MODE, kModes),
+    Strings(Place::CODEC, C::TAG_BITRATE_MODE, BitrateModes::CBR_OR_VBR),
 };
 // Codec rules after the encoder's.
 const Setting kRules[] = {

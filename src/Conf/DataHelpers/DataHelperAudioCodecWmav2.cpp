@@ -13,7 +13,6 @@ const long long kBitrates[] = {32000,  48000,  64000,  80000,  96000,  112000, 1
                                160000, 192000, 224000, 256000, 288000, 320000};
 const long long kSampleRates[] = {8000, 11025, 16000, 22050, 32000, 44100, 48000};
 const std::string* const kLayouts[] = {&A::TAG_CH_LAYOUT_MONO, &A::TAG_CH_LAYOUT_STEREO};
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR, &C::TAG_BITRATE_MODE_VBR};
 
 // Defaults after the codec id, in order.
 const Default kDefaults[] = {
@@ -25,7 +24,7 @@ const Default kDefaults[] = {
 const Setting kConstraints[] = {
     Integers(Place::CODEC, C::TAG_BITRATE, kBitrates),
     DefaultQuality(C::TAG_QUALITY),
-    Strings(Place::CODEC, C::TAG_BITRATE_MODE, kModes),
+    Strings(Place::CODEC, C::TAG_BITRATE_MODE, BitrateModes::CBR_OR_VBR),
 };
 // Codec rules after the encoder's.
 const Setting kRules[] = {

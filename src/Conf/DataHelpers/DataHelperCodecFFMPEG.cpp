@@ -148,6 +148,10 @@ void ApplyAudioPreset(const Core::Property& preset, Core::Property& out, const s
 
 }  // namespace
 
+const std::string* const BitrateModes::CBR_OR_VBR[2] = {&IFormatCodec::TAG_BITRATE_MODE_CBR,
+                                                        &IFormatCodec::TAG_BITRATE_MODE_VBR};
+const std::string* const BitrateModes::CBR_ONLY[1] = {&IFormatCodec::TAG_BITRATE_MODE_CBR};
+
 DataHelperCodecFFMPEG::DataHelperCodecFFMPEG(const std::string& codecId, MediaType type)
     : m_codecId(codecId),
       m_encoderName(Media::EncoderFromCodec(CodecIDFromTextID(codecId))),

@@ -16,6 +16,12 @@
 
 namespace Tervan::Conf {
 
+// The bitrate-mode lists most codec tables offer.
+namespace BitrateModes {
+extern const std::string* const CBR_OR_VBR[2];
+extern const std::string* const CBR_ONLY[1];
+}  // namespace BitrateModes
+
 // The base of every audio and video codec helper: asks libavcodec once, at
 // construction, what the codec's encoder accepts, and derives from it the codec's
 // rules on the resample or frame-rate filter, its frame-rate constraint, preset

@@ -9,7 +9,6 @@ using namespace VideoCodecTable;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR};
 // The one video codec whose defaults name an encoder.
 const std::string kEncoder = "flv";
 
@@ -22,7 +21,7 @@ const Default kDefaults[] = {
 // Constraints set over the base's, in order.
 const Constraint kConstraints[] = {
     DefaultBitrate(C::TAG_BITRATE),
-    OneOf(C::TAG_BITRATE_MODE, kModes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_ONLY),
 };
 
 }  // namespace

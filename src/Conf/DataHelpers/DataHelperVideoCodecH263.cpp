@@ -15,7 +15,6 @@ using namespace VideoCodecTable;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR, &C::TAG_BITRATE_MODE_VBR};
 // The picture sizes H.263 defines, sub-QCIF to 16CIF. Columns: width, height.
 const std::pair<long long, long long> kPictureSizes[] = {{128, 96}, {176, 144}, {352, 288}, {704, 576}, {1408, 1152}};
 
@@ -27,7 +26,7 @@ const Default kDefaults[] = {
 };
 // Constraints set over the base's, in order.
 const Constraint kConstraints[] = {
-    OneOf(C::TAG_BITRATE_MODE, kModes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_OR_VBR),
     DefaultQuality(C::TAG_QUALITY),
     DefaultBitrate(C::TAG_BITRATE),
 };

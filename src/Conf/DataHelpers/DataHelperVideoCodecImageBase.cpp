@@ -8,8 +8,6 @@ namespace {
 using namespace VideoCodecTable;
 using C = IFormatCodec;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR, &C::TAG_BITRATE_MODE_VBR};
-
 // Defaults after the codec id, in order; every codec ends with its encoder options.
 const Default kDefaults[] = {
     Text(C::TAG_BITRATE_MODE, C::TAG_BITRATE_MODE_CBR),
@@ -21,7 +19,7 @@ const Default kDefaults[] = {
 const Constraint kConstraints[] = {
     DefaultBitrate(C::TAG_BITRATE),
     DefaultQuality(C::TAG_QUALITY),
-    OneOf(C::TAG_BITRATE_MODE, kModes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_OR_VBR),
 };
 
 }  // namespace

@@ -9,8 +9,6 @@ using namespace VideoCodecTable;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR};
-
 // The frame the encoder accepts.
 const FrameBound kFrameBounds[] = {{&V::TAG_WIDTH, 32, 3840, 2}, {&V::TAG_HEIGHT, 32, 2160, 2}};
 
@@ -22,7 +20,7 @@ const Default kDefaults[] = {
 // Constraints set over the base's, in order.
 const Constraint kConstraints[] = {
     DefaultBitrate(C::TAG_BITRATE),
-    OneOf(C::TAG_BITRATE_MODE, kModes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_ONLY),
 };
 
 }  // namespace

@@ -13,8 +13,6 @@ using namespace VideoCodecTable;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR, &C::TAG_BITRATE_MODE_VBR};
-
 // The frame the encoder accepts.
 const FrameBound kFrameBounds[] = {{&V::TAG_WIDTH, 32, 3840, 2}, {&V::TAG_HEIGHT, 32, 2160, 2}};
 
@@ -30,7 +28,7 @@ const Default kDefaults[] = {
 const Constraint kConstraints[] = {
     DefaultBitrate(C::TAG_BITRATE),
     DefaultQuality(C::TAG_QUALITY),
-    OneOf(C::TAG_BITRATE_MODE, kModes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_OR_VBR),
 };
 
 }  // namespace

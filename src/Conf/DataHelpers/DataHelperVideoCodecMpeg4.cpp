@@ -9,7 +9,6 @@ using namespace VideoCodecTable;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR};
 const std::string* const kProfiles[] = {&V::TAG_MPEG4_PROFILE_SIMPLE, &V::TAG_MPEG4_PROFILE_MAIN,
                                         &V::TAG_MPEG4_PROFILE_CORE_SCALABLE, &V::TAG_MPEG4_PROFILE_ADVANCED_SIMPLE};
 
@@ -23,7 +22,7 @@ const Default kDefaults[] = {
 const Constraint kConstraints[] = {
     DefaultBitrate(C::TAG_BITRATE),
     OptionOneOf(C::TAG_PROFILE, kProfiles),
-    OneOf(C::TAG_BITRATE_MODE, kModes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_ONLY),
 };
 
 }  // namespace

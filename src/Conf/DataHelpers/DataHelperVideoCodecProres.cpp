@@ -9,8 +9,6 @@ using namespace VideoCodecTable;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR, &C::TAG_BITRATE_MODE_VBR};
-
 // Defaults after the codec id, in order; every codec ends with its encoder options.
 const Default kDefaults[] = {
     Integer(C::TAG_BITRATE, 2000000),
@@ -18,7 +16,7 @@ const Default kDefaults[] = {
 };
 // Constraints set over the base's, in order.
 const Constraint kConstraints[] = {
-    OneOf(C::TAG_BITRATE_MODE, kModes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_OR_VBR),
     DefaultBitrate(C::TAG_BITRATE),
 };
 

@@ -9,8 +9,6 @@ using namespace VideoCodecTable;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR, &C::TAG_BITRATE_MODE_VBR};
-
 // Defaults after the codec id, in order; every codec ends with its encoder options.
 const Default kDefaults[] = {
     Text(C::TAG_BITRATE_MODE, C::TAG_BITRATE_MODE_CBR),
@@ -21,7 +19,7 @@ const Default kDefaults[] = {
 const Constraint kConstraints[] = {
     DefaultBitrate(C::TAG_BITRATE),
     Range(C::TAG_QUALITY, 1, 10),
-    OneOf(C::TAG_BITRATE_MODE, kModes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_OR_VBR),
 };
 
 }  // namespace

@@ -9,8 +9,6 @@ using namespace VideoCodecTable;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR};
-
 // Defaults after the codec id, in order; every codec ends with its encoder options.
 const Default kDefaults[] = {
     Text(C::TAG_BITRATE_MODE, C::TAG_BITRATE_MODE_CBR),
@@ -19,7 +17,7 @@ const Default kDefaults[] = {
 // Constraints set over the base's, in order.
 const Constraint kConstraints[] = {
     DefaultBitrate(C::TAG_BITRATE),
-    OneOf(C::TAG_BITRATE_MODE, kModes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_ONLY),
 };
 
 }  // namespace

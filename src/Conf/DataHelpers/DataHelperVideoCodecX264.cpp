@@ -11,7 +11,6 @@ using namespace VideoCodecTable;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR, &C::TAG_BITRATE_MODE_VBR};
 const std::string* const kPresets[] = {&V::TAG_X264_PRESET_ULTRAFAST, &V::TAG_X264_PRESET_SUPERFAST,
                                        &V::TAG_X264_PRESET_VERYFAST,  &V::TAG_X264_PRESET_FASTER,
                                        &V::TAG_X264_PRESET_FAST,      &V::TAG_X264_PRESET_MEDIUM,
@@ -40,7 +39,7 @@ const Default kDefaults[] = {
 };
 // Constraints set over the base's, in order.
 const Constraint kConstraints[] = {
-    OneOf(C::TAG_BITRATE_MODE, kModes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_OR_VBR),
     DefaultBitrate(C::TAG_BITRATE),
     DefaultQuality(C::TAG_QUALITY),
     OptionOneOf(C::TAG_PRESET, kPresets),

@@ -9,7 +9,6 @@ using namespace VideoCodecTable;
 using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
-const std::string* const kModes[] = {&C::TAG_BITRATE_MODE_CBR, &C::TAG_BITRATE_MODE_VBR};
 const std::string* const kPresets[] = {&V::TAG_X265_PRESET_ULTRAFAST, &V::TAG_X265_PRESET_SUPERFAST,
                                        &V::TAG_X265_PRESET_VERYFAST,  &V::TAG_X265_PRESET_FASTER,
                                        &V::TAG_X265_PRESET_FAST,      &V::TAG_X265_PRESET_MEDIUM,
@@ -28,8 +27,11 @@ const Default kDefaults[] = {
 };
 // Constraints set over the base's, in order.
 const Constraint kConstraints[] = {
-    OneOf(C::TAG_BITRATE_MODE, kModes),   DefaultBitrate(C::TAG_BITRATE),        DefaultQuality(C::TAG_QUALITY),
-    OptionOneOf(C::TAG_PRESET, kPresets), OptionOneOf(V::TAG_X265_TUNE, kTunes),
+    OneOf(C::TAG_BITRATE_MODE, BitrateModes::CBR_OR_VBR),
+    DefaultBitrate(C::TAG_BITRATE),
+    DefaultQuality(C::TAG_QUALITY),
+    OptionOneOf(C::TAG_PRESET, kPresets),
+    OptionOneOf(V::TAG_X265_TUNE, kTunes),
 };
 
 }  // namespace
