@@ -39,10 +39,12 @@ DataHelperAudioCodecPCM::~DataHelperAudioCodecPCM() = default;
 
 void DataHelperAudioCodecPCM::CorrectFormatCodec(Core::Property& settings) const {
     CorrectAudioResamplerSettings(settings);
+    // Everything is read before anything is written: a bad value leaves the tree as it was.
+    const long long rate = settings[A::TAG_SAMPLE_RATE].GetInt64();
     const long long channels = LayoutRecord::Find(settings[A::TAG_LAYOUT].GetString()).channels;
     const long long bits = SampleFmtRecord::Find(settings[A::TAG_SAMPLE_FORMAT].GetString()).bitsPerSample;
     settings.SetChildT(C::TAG_BITRATE_MODE, C::TAG_BITRATE_MODE_CBR);
-    settings.SetChildT(C::TAG_BITRATE, channels * settings[A::TAG_SAMPLE_RATE].GetInt64() * bits);
+    settings.SetChildT(C::TAG_BITRATE, channels * rate * bits);
 }
 
 }  // namespace Tervan::Conf

@@ -95,17 +95,18 @@ std::string FrameRateLabel(const boost::rational<long long>& rate) {
 void ApplyVideoPreset(const Core::Property& preset, Core::Property& out, const std::string& codecId) {
     out.SetChildT(IFormatCodec::TAG_CODEC_ID, codecId);
     const std::string& mode = preset[IFormatCodec::TAG_BITRATE_MODE].GetString();
+    // The frame comes from the caller's tree, which must hold it whatever the mode.
+    const Core::Property& frame = out;
+    const long long width = frame[IFormatCodecVideo::TAG_WIDTH].GetInt64();
+    const long long height = frame[IFormatCodecVideo::TAG_HEIGHT].GetInt64();
+    const double fps = boost::rational_cast<double>(frame[IFormatCodecVideo::TAG_FPS].GetRatio());
     for (const CopiedSetting& setting : kCopiedVideoSettings) {
         if (preset.ChildExists(*setting.tag)) {
             CopyTyped(preset, out, setting);
         }
     }
-    // The frame comes from the caller's tree; only the derived bitrates need it.
-    const auto defaultBitrate = [&codecId, &out](int quality) {
-        const Core::Property& frame = out;
-        return GetDefaultVideoBitrate(
-            codecId, frame[IFormatCodecVideo::TAG_WIDTH].GetInt64(), frame[IFormatCodecVideo::TAG_HEIGHT].GetInt64(),
-            boost::rational_cast<double>(frame[IFormatCodecVideo::TAG_FPS].GetRatio()), quality);
+    const auto defaultBitrate = [&](int quality) {
+        return GetDefaultVideoBitrate(codecId, width, height, fps, quality);
     };
     if (mode == IFormatCodec::TAG_BITRATE_MODE_CBR) {
         out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, mode);

@@ -17,16 +17,8 @@ namespace {
 const char* const kNoVideoCodecs = "Video codecs constraint is not set";
 const char* const kNoAudioCodecs = "Audio codecs constraint is not set";
 
-[[noreturn]] void ThrowHelperError(const std::string& description) {
-    BOOST_THROW_EXCEPTION(Core::AddStack(HelperException() << Exception::TagDescription(description)));
-}
-
-const boost::intrusive_ptr<const IPropertyConstraint>& Require(
-    const boost::intrusive_ptr<const IPropertyConstraint>& constraint, const char* missing) {
-    if (!constraint) {
-        ThrowHelperError(missing);
-    }
-    return constraint;
+HelperException HelperError(const std::string& description) {
+    return Core::AddStack(HelperException() << Exception::TagDescription(description));
 }
 
 // The default is not stored: the constraint writes it into any value it rejects.
@@ -45,10 +37,11 @@ DataHelperFormatBase::~DataHelperFormatBase() = default;
 boost::intrusive_ptr<const IPropertyConstraint> DataHelperFormatBase::SetCodecConstraint(
     const std::vector<std::string>& codecs, const std::string& defaultCodec) {
     if (codecs.empty()) {
-        ThrowHelperError("List of available codecs is empty");
+        BOOST_THROW_EXCEPTION(HelperError("List of available codecs is empty"));
     }
     if (std::find(codecs.begin(), codecs.end(), defaultCodec) == codecs.end()) {
-        ThrowHelperError("Default codec " + defaultCodec + " is not presented in list of avalible codecs");
+        BOOST_THROW_EXCEPTION(
+            HelperError("Default codec " + defaultCodec + " is not presented in list of avalible codecs"));
     }
     return ConstraintCodecs::Create(CreatePairValueList(codecs), defaultCodec);
 }
@@ -62,19 +55,31 @@ void DataHelperFormatBase::SetAudioCodecs(const std::vector<std::string>& codecs
 }
 
 boost::intrusive_ptr<const IPropertyConstraint> DataHelperFormatBase::VideoCodecsConstraint() const {
-    return Require(m_videoCodecs, kNoVideoCodecs);
+    if (!m_videoCodecs) {
+        BOOST_THROW_EXCEPTION(HelperError(kNoVideoCodecs));
+    }
+    return m_videoCodecs;
 }
 
 boost::intrusive_ptr<const IPropertyConstraint> DataHelperFormatBase::AudioCodecsConstraint() const {
-    return Require(m_audioCodecs, kNoAudioCodecs);
+    if (!m_audioCodecs) {
+        BOOST_THROW_EXCEPTION(HelperError(kNoAudioCodecs));
+    }
+    return m_audioCodecs;
 }
 
 std::string DataHelperFormatBase::DefaultVideoCodec() const {
-    return DefaultCodec(*Require(m_videoCodecs, kNoVideoCodecs));
+    if (!m_videoCodecs) {
+        BOOST_THROW_EXCEPTION(HelperError(kNoVideoCodecs));
+    }
+    return DefaultCodec(*m_videoCodecs);
 }
 
 std::string DataHelperFormatBase::DefaultAudioCodec() const {
-    return DefaultCodec(*Require(m_audioCodecs, kNoAudioCodecs));
+    if (!m_audioCodecs) {
+        BOOST_THROW_EXCEPTION(HelperError(kNoAudioCodecs));
+    }
+    return DefaultCodec(*m_audioCodecs);
 }
 
 void DataHelperFormatBase::ApplyPresetSettings(const Core::Property&, Core::Property&) const {}
