@@ -98,6 +98,7 @@ TEST(AudioCodec, RegistryKeysMatchTheHelpersCodecs) {
         const Core::Property& options = defaults[defaults.Count() - 1];
         EXPECT_EQ(options.GetName(), C::TAG_CODEC_OPTIONS_ENCODE);
         EXPECT_EQ(options.Count(), entry.first == A::CODEC_ID_AAC ? 1u : 0u);
+        CheckedDefaults(*entry.second);
 
         IDataHelper::RequiredObjects required;
         entry.second->GetRequiredObjects(required);
