@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <stdexcept>
 #include <string>
 
 namespace HelperQueries {
@@ -72,6 +73,18 @@ inline std::string HelperMessage(const std::function<void()>& action) {
     }
     ADD_FAILURE() << "no HelperException";
     return {};
+}
+
+// Checks that action throws a logic_error whose message is head followed by the call stack.
+inline void ExpectLogicError(const std::function<void()>& action, const std::string& head) {
+    try {
+        action();
+        ADD_FAILURE() << "no logic_error";
+    } catch (const std::logic_error& e) {
+        const std::string what = e.what();
+        EXPECT_EQ(what.substr(0, head.size()), head);
+        EXPECT_GT(what.size(), head.size()) << "call stack missing";
+    }
 }
 
 }  // namespace HelperQueries
