@@ -1,12 +1,9 @@
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "FormatTestSupport.h"
-#include "Proc/IFilterResample.h"
-#include "Proc/IResample.h"
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <typeinfo>
 
 using namespace FormatTest;
@@ -25,74 +22,48 @@ StreamDefault Audio(const std::string& codec) {
 }
 
 const std::string kAudioCodecPath = IPreset::KEY_FILTER_AUDIO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
-const std::string kSampleRatePath = Proc::IFilterResample::CLASS_ID + Property::SEPARATOR + Proc::IResample::CLASS_ID +
-                                    Property::SEPARATOR + A::TAG_SAMPLE_RATE;
+const std::string kSampleRatePath = ResamplerPath(A::TAG_SAMPLE_RATE);
 
 Property AudioJob(const std::string& codec, long long rate) {
     return Settings({{kAudioCodecPath, Property("", codec)}, {kSampleRatePath, Property("", rate)}});
 }
 
-std::string CodecKey(const std::string& type, const std::string& section) {
-    return IPreset::KEY_STREAMS + IPreset::INDEX + type + Property::SEPARATOR + section + Property::SEPARATOR +
-           IFormatCodec::TAG_CODEC_ID;
-}
-
 }  // namespace
 
 TEST(ContainerFormat, DefaultTrees) {
-    const std::string container = F::TAG_CONTAINER;
+    const std::string container = F::TAG_CONTAINER, typeId = IPreset::KEY_TYPE_ID;
     const std::vector<std::string> both = {F::TAG_PSP_MODE, F::TAG_PROGRESSIVE_READ};
+    const std::vector<long long> video = {1, 16, 16, 16}, audio = {0, 1, 0, 16}, small = {1, 1, 0, 0};
+    const std::vector<StreamDefault> h264Aac = {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_AAC)};
+    const std::vector<StreamDefault> mpeg2 = {Video(V::CODEC_ID_MPEG2VIDEO), Audio(A::CODEC_ID_MP2)};
+    // format; identifier key and value, flags, extras, limits, streams
     const std::vector<std::pair<std::string, TreeDefaults>> cases = {
-        {F::FORMAT_MP4,
-         {container, F::FORMAT_MP4, both, {}, {1, 16, 16, 16}, {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_AAC)}}},
-        {F::FORMAT_IPOD,
-         {container, F::FORMAT_MP4, both, {}, {1, 16, 16, 16}, {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_MP4, {container, F::FORMAT_MP4, both, {}, video, h264Aac}},
+        {F::FORMAT_IPOD, {container, F::FORMAT_MP4, both, {}, video, h264Aac}},
         {F::FORMAT_M4A, {container, F::FORMAT_M4A, {}, {}, {0, 1, 0, 1}, {Audio(A::CODEC_ID_AAC)}}},
-        {F::FORMAT_MOV,
-         {"", "", {F::TAG_PROGRESSIVE_READ}, {}, {1, 16, 16, 16}, {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_AAC)}}},
-        {F::FORMAT_MATROSKA,
-         {container, F::FORMAT_MATROSKA, {}, {}, {1, 16, 16, 16}, {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_MOV, {"", "", {F::TAG_PROGRESSIVE_READ}, {}, video, h264Aac}},
+        {F::FORMAT_MATROSKA, {container, F::FORMAT_MATROSKA, {}, {}, video, h264Aac}},
         {F::FORMAT_AVI,
          {container, F::FORMAT_AVI, {}, {}, {1, 16, 16, 0}, {Video(V::CODEC_ID_H264), Audio(A::CODEC_ID_MP3)}}},
-        {F::FORMAT_FLV,
-         {container, F::FORMAT_FLV, both, {}, {1, 1, 0, 0}, {Video(V::CODEC_ID_FLV1), Audio(A::CODEC_ID_AAC)}}},
-        {F::FORMAT_3GP,
-         {container, F::FORMAT_3GP, {}, {}, {1, 1, 0, 0}, {Video(V::CODEC_ID_H263), Audio(A::CODEC_ID_AAC)}}},
-        {F::FORMAT_3G2,
-         {container, F::FORMAT_3GP, {}, {}, {1, 1, 0, 0}, {Video(V::CODEC_ID_H263), Audio(A::CODEC_ID_AAC)}}},
-        {F::FORMAT_MP3, {container, F::FORMAT_MP3, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_MP3)}}},
-        {F::FORMAT_AAC, {container, F::FORMAT_AAC, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_AAC)}}},
-        {F::FORMAT_OGG, {IPreset::KEY_TYPE_ID, F::FORMAT_OGG, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_VORBIS)}}},
-        {F::FORMAT_FLAC, {container, F::FORMAT_FLAC, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_FLAC)}}},
-        {F::FORMAT_WAV, {container, F::FORMAT_WAV, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_PCM_S16LE)}}},
-        {F::FORMAT_MPEGTS,
-         {container,
-          F::FORMAT_MPEGTS,
-          {},
-          {},
-          {1, 16, 16, 16},
-          {Video(V::CODEC_ID_MPEG2VIDEO), Audio(A::CODEC_ID_MP2)}}},
+        {F::FORMAT_FLV, {container, F::FORMAT_FLV, both, {}, small, {Video(V::CODEC_ID_FLV1), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_3GP, {container, F::FORMAT_3GP, {}, {}, small, {Video(V::CODEC_ID_H263), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_3G2, {container, F::FORMAT_3GP, {}, {}, small, {Video(V::CODEC_ID_H263), Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_MP3, {container, F::FORMAT_MP3, {}, {}, audio, {Audio(A::CODEC_ID_MP3)}}},
+        {F::FORMAT_AAC, {container, F::FORMAT_AAC, {}, {}, audio, {Audio(A::CODEC_ID_AAC)}}},
+        {F::FORMAT_OGG, {typeId, F::FORMAT_OGG, {}, {}, audio, {Audio(A::CODEC_ID_VORBIS)}}},
+        {F::FORMAT_FLAC, {container, F::FORMAT_FLAC, {}, {}, audio, {Audio(A::CODEC_ID_FLAC)}}},
+        {F::FORMAT_WAV, {container, F::FORMAT_WAV, {}, {}, audio, {Audio(A::CODEC_ID_PCM_S16LE)}}},
+        {F::FORMAT_MPEGTS, {container, F::FORMAT_MPEGTS, {}, {}, video, mpeg2}},
         {F::FORMAT_MPEG2TS,
-         {container,
-          F::FORMAT_MPEG2TS,
-          {},
-          {},
-          {1, 16, 16, 16},
-          {Video(V::CODEC_ID_MPEG2VIDEO), Audio(A::CODEC_ID_AAC)}}},
+         {container, F::FORMAT_MPEG2TS, {}, {}, video, {Video(V::CODEC_ID_MPEG2VIDEO), Audio(A::CODEC_ID_AAC)}}},
         {F::FORMAT_WEBM,
-         {container, F::FORMAT_MATROSKA, {}, {}, {1, 16, 16, 16}, {Video(V::CODEC_ID_VP8), Audio(A::CODEC_ID_VORBIS)}}},
-        {F::FORMAT_WMA, {container, F::FORMAT_WMA, {}, {}, {0, 1, 0, 16}, {Audio(A::CODEC_ID_WMAV2)}}},
+         {container, F::FORMAT_MATROSKA, {}, {}, video, {Video(V::CODEC_ID_VP8), Audio(A::CODEC_ID_VORBIS)}}},
+        {F::FORMAT_WMA, {container, F::FORMAT_WMA, {}, {}, audio, {Audio(A::CODEC_ID_WMAV2)}}},
         {F::FORMAT_WMV,
          {container, F::FORMAT_WMV, {}, {}, {16, 16, 16, 16}, {Video(V::CODEC_ID_WMV2), Audio(A::CODEC_ID_WMAV2)}}},
-        {F::FORMAT_SWF,
-         {container, F::FORMAT_SWF, {}, {}, {1, 1, 0, 0}, {Video(V::CODEC_ID_MJPEG), Audio(A::CODEC_ID_MP3)}}},
+        {F::FORMAT_SWF, {container, F::FORMAT_SWF, {}, {}, small, {Video(V::CODEC_ID_MJPEG), Audio(A::CODEC_ID_MP3)}}},
         {F::FORMAT_OGV,
-         {IPreset::KEY_TYPE_ID,
-          F::FORMAT_OGV,
-          {},
-          {},
-          {1, 1, 1, 16},
-          {Video(V::CODEC_ID_THEORA), Audio(A::CODEC_ID_VORBIS)}}},
+         {typeId, F::FORMAT_OGV, {}, {}, {1, 1, 1, 16}, {Video(V::CODEC_ID_THEORA), Audio(A::CODEC_ID_VORBIS)}}},
     };
     for (const auto& [format, expected] : cases) {
         SCOPED_TRACE(format);
@@ -100,27 +71,27 @@ TEST(ContainerFormat, DefaultTrees) {
     }
 }
 
-TEST(ContainerFormat, ConstraintsAreTheSharedCodecLists) {
+TEST(ContainerFormat, ConstraintsAreTheSharedCodecListsAdmittingTheDefaults) {
     for (const auto& [format, helper] : GetAvailableDataHelpers(IPreset::KEY_FORMAT)) {
-        if (format == F::FORMAT_DVD) {
-            continue;  // adds settings of its own
-        }
         SCOPED_TRACE(format);
         const DataHelperFormatBase& base = AsFormatBase(*helper);
         const IDataHelper::Constraints constraints = ConstraintsOf(*helper);
         IDataHelper::Constraints expected;
-        std::set<std::string> kinds;
         const Property defaults = helper->GetDefaults();
         for (const Property& stream : defaults[IPreset::KEY_STREAMS]) {
-            kinds.insert(stream[IPreset::KEY_TYPE_ID].GetString());
+            const std::string& kind = stream[IPreset::KEY_TYPE_ID].GetString();
+            const bool video = kind == IPreset::STREAM_TYPE_VIDEO;
+            EXPECT_EQ(expected.count(StreamCodecKey(kind)), 0u) << "a second stream of " << kind;
+            expected[StreamCodecKey(kind)] = video ? base.VideoCodecsConstraint() : base.AudioCodecsConstraint();
+            const std::string& section = video ? IPreset::KEY_FILTER_VIDEO_CODEC : IPreset::KEY_FILTER_AUDIO_CODEC;
+            const Property& codec = stream[section][IFormatCodec::TAG_CODEC_ID];
+            ASSERT_EQ(constraints.count(StreamCodecKey(kind)), 1u);
+            EXPECT_TRUE(constraints.at(StreamCodecKey(kind))->IsValid(codec));
+            // The default codec has a helper of its own.
+            EXPECT_NO_THROW(CreateDataHelper(section, codec.GetString()));
         }
-        if (kinds.count(IPreset::STREAM_TYPE_VIDEO)) {
-            expected[CodecKey(IPreset::STREAM_TYPE_VIDEO, IPreset::KEY_FILTER_VIDEO_CODEC)] =
-                base.VideoCodecsConstraint();
-        }
-        if (kinds.count(IPreset::STREAM_TYPE_AUDIO)) {
-            expected[CodecKey(IPreset::STREAM_TYPE_AUDIO, IPreset::KEY_FILTER_AUDIO_CODEC)] =
-                base.AudioCodecsConstraint();
+        if (format == F::FORMAT_DVD) {
+            continue;  // adds settings of its own
         }
         EXPECT_EQ(constraints, expected);
 

@@ -60,6 +60,14 @@ const std::string kEven = "Value must be an even number";
 const std::string kEvenDe = "Der Wert muss eine gerade Zahl sein";
 const std::string kEvenFr = "La valeur doit être un nombre pair";
 
+// glibc would take the language from LANGUAGE before the one asked for, so each test
+// starts without it.
+class Localization : public ::testing::Test {
+protected:
+    const ScopedVariable m_language{"LANGUAGE", nullptr};
+    const Tervan::Core::LocalizationManager& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
+};
+
 }  // namespace
 
 TEST(RefCount, LastReleaseDestroys) {
@@ -181,20 +189,34 @@ TEST(Exception, CallStackNamesTheCaller) {
     EXPECT_NE(stack.find("CallStackNamesTheCaller"), std::string::npos) << stack;
 }
 
-TEST(Localization, ShippedCatalogsTranslate) {
-    // glibc would take the language from LANGUAGE before the one asked for.
-    const ScopedVariable languageVariable("LANGUAGE", nullptr);
-    const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
+TEST_F(Localization, ShippedCatalogsTranslate) {
     EXPECT_EQ(&manager, &Tervan::Core::GetLocalizationManagerForDomain("core"));
     const std::string text = "Parameter %1 must be one of the following values: %2";
     EXPECT_EQ(manager.Translate(text, "de"), "Parameter %1 muss einen der folgenden Werte haben: %2");
     EXPECT_EQ(manager.Translate(text, "fr_FR.UTF-8"), "Le paramètre %1 doit prendre l'une des valeurs suivantes : %2");
     EXPECT_EQ(manager.Translate(text, "ja"), text);
     EXPECT_EQ(manager.Translate("not in any catalog", "de"), "not in any catalog");
+    // gettext's answer for the empty text is the catalog's header.
+    EXPECT_EQ(manager.Translate("", "de"), "");
+    EXPECT_EQ(Tervan::Core::GetLocalizationManagerForDomain("tervan-no-catalogs").Translate(kEven, "de"), kEven);
 }
 
-TEST(Localization, EnvironmentChoosesTheLanguage) {
-    const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
+TEST_F(Localization, AnyLocaleOfTheLanguageServesIt) {
+    // The test machines generate only de_DE.UTF-8 and fr_FR.UTF-8 of these; all find the
+    // catalogs under de/ and fr/, in UTF-8 whatever the codeset asked for.
+    for (const char* language : {"de_AT", "de_DE", "de_CH.UTF-8"}) {
+        EXPECT_EQ(manager.Translate(kEven, language), kEvenDe) << language;
+    }
+    for (const char* language : {"fr_CA", "fr_FR.ISO-8859-1", "fr_FR@euro"}) {
+        EXPECT_EQ(manager.Translate(kEven, language), kEvenFr) << language;
+    }
+    // No catalog serves these.
+    for (const char* language : {"", "C", "POSIX", "C.UTF-8", "xx", "ja_JP.UTF-8", "../de", "de/../fr", " de"}) {
+        EXPECT_EQ(manager.Translate(kEven, language), kEven) << '"' << language << '"';
+    }
+}
+
+TEST_F(Localization, EnvironmentChoosesTheLanguage) {
     {
         const ScopedVariable languageVariable("LANGUAGE", "de:fr");
         EXPECT_EQ(manager.Translate(kEven), kEvenDe);
@@ -203,37 +225,10 @@ TEST(Localization, EnvironmentChoosesTheLanguage) {
     EXPECT_EQ(manager.Translate(kEven), kEven);
 }
 
-TEST(Localization, AnyLocaleOfTheLanguageServesIt) {
-    const ScopedVariable languageVariable("LANGUAGE", nullptr);
-    const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
-    // The test machines generate only de_DE.UTF-8 and fr_FR.UTF-8 of these; all find the
-    // catalogs under de/ and fr/.
-    EXPECT_EQ(manager.Translate(kEven, "de_AT"), kEvenDe);
-    EXPECT_EQ(manager.Translate(kEven, "de_DE"), kEvenDe);
-    EXPECT_EQ(manager.Translate(kEven, "de_CH.UTF-8"), kEvenDe);
-    EXPECT_EQ(manager.Translate(kEven, "fr_CA"), kEvenFr);
-    // UTF-8 whatever the codeset asked for.
-    EXPECT_EQ(manager.Translate(kEven, "fr_FR.ISO-8859-1"), kEvenFr);
-    EXPECT_EQ(manager.Translate(kEven, "fr_FR@euro"), kEvenFr);
-}
-
-TEST(Localization, UnservableRequestsLeaveTheTextUnchanged) {
-    const ScopedVariable languageVariable("LANGUAGE", nullptr);
-    const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
-    // gettext's answer for the empty text is the catalog's header.
-    EXPECT_EQ(manager.Translate("", "de"), "");
-    for (const char* language : {"", "C", "POSIX", "C.UTF-8", "xx", "ja_JP.UTF-8", "../de", "de/../fr", " de"}) {
-        EXPECT_EQ(manager.Translate(kEven, language), kEven) << '"' << language << '"';
-    }
-    EXPECT_EQ(Tervan::Core::GetLocalizationManagerForDomain("tervan-no-catalogs").Translate(kEven, "de"), kEven);
-}
-
-TEST(Localization, ExplicitLanguageWinsOverTheEnvironments) {
-    const ScopedVariable languageVariable("LANGUAGE", nullptr);
+TEST_F(Localization, ExplicitLanguageWinsOverTheEnvironments) {
     const ScopedVariable all("LC_ALL", "fr_FR.UTF-8");
     const ScopedVariable messages("LC_MESSAGES", "fr_FR.UTF-8");
     const ScopedVariable lang("LANG", "fr_FR.UTF-8");
-    const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
     ASSERT_EQ(manager.Translate(kEven), kEvenFr);
     EXPECT_EQ(manager.Translate(kEven, "de"), kEvenDe);
     // And over the process's locale.
@@ -244,8 +239,7 @@ TEST(Localization, ExplicitLanguageWinsOverTheEnvironments) {
     std::setlocale(LC_ALL, previous.c_str());
 }
 
-TEST(Localization, LanguageVariableNamingAnotherLanguageLeavesTheTextUnchanged) {
-    const auto& manager = Tervan::Core::GetLocalizationManagerForDomain("core");
+TEST_F(Localization, LanguageVariableNamingAnotherLanguageLeavesTheTextUnchanged) {
     {
         // glibc would answer in French, and keep that answer for German lookups to come.
         const ScopedVariable languageVariable("LANGUAGE", "fr");
@@ -257,13 +251,11 @@ TEST(Localization, LanguageVariableNamingAnotherLanguageLeavesTheTextUnchanged) 
         EXPECT_EQ(manager.Translate(kEven, "de_DE.UTF-8"), kEvenDe);
         EXPECT_EQ(manager.Translate(kEven, "fr"), kEven);
     }
-    const ScopedVariable languageVariable("LANGUAGE", nullptr);
     EXPECT_EQ(manager.Translate(kEven, "de"), kEvenDe);
     EXPECT_EQ(manager.Translate(kEven, "fr"), kEvenFr);
 }
 
-TEST(Localization, ThreadsTranslateIntoTheirOwnLanguages) {
-    const ScopedVariable languageVariable("LANGUAGE", nullptr);
+TEST_F(Localization, ThreadsTranslateIntoTheirOwnLanguages) {
     struct Case {
         const char* language;
         const std::string& text;

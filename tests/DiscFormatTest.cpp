@@ -3,11 +3,11 @@
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "FormatTestSupport.h"
 #include "Proc/IFilterFrameRate.h"
-#include "Proc/IFilterResample.h"
-#include "Proc/IResample.h"
 
 #include <boost/rational.hpp>
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 using namespace FormatTest;
 
@@ -27,8 +27,7 @@ const std::string kVideoBitrate = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatC
 const std::string kAudioCodec = Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_CODEC_ID);
 const std::string kAudioBitrateMode = Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_BITRATE_MODE);
 const std::string kAudioBitrate = Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_BITRATE);
-const std::string kSampleRate =
-    Path(Path(Proc::IFilterResample::CLASS_ID, Proc::IResample::CLASS_ID), A::TAG_SAMPLE_RATE);
+const std::string kSampleRate = ResamplerPath(A::TAG_SAMPLE_RATE);
 const std::string kFps = Path(Proc::IFilterFrameRate::CLASS_ID, V::TAG_FPS);
 
 const std::string kStreamVideo = Path(Path(IPreset::KEY_STREAMS, "0"), IPreset::KEY_FILTER_VIDEO_CODEC);
@@ -47,28 +46,16 @@ Property DvdJob() {
 
 TEST(DiscFormat, DefaultTrees) {
     const std::vector<std::string> none;
+    const std::string typeId = IPreset::KEY_TYPE_ID;
+    const StreamDefault mpeg1 = {IPreset::STREAM_TYPE_VIDEO, V::CODEC_ID_MPEG1VIDEO};
+    const StreamDefault mpeg2 = {IPreset::STREAM_TYPE_VIDEO, V::CODEC_ID_MPEG2VIDEO};
+    const StreamDefault mp2 = {IPreset::STREAM_TYPE_AUDIO, A::CODEC_ID_MP2};
+    // format; identifier key and value, flags, extras, limits, streams
     const std::vector<std::pair<std::string, TreeDefaults>> cases = {
         {F::FORMAT_DVD,
-         {F::TAG_CONTAINER,
-          F::FORMAT_DVD,
-          none,
-          {F::TAG_DVD_STANDARD, F::TAG_DISK_SIZE},
-          {9, 8, 32, 0},
-          {{IPreset::STREAM_TYPE_VIDEO, V::CODEC_ID_MPEG2VIDEO}, {IPreset::STREAM_TYPE_AUDIO, A::CODEC_ID_MP2}}}},
-        {F::FORMAT_VOB,
-         {IPreset::KEY_TYPE_ID,
-          F::FORMAT_MPEG2VIDEO,
-          none,
-          none,
-          {1, 16, 16, 16},
-          {{IPreset::STREAM_TYPE_VIDEO, V::CODEC_ID_MPEG2VIDEO}, {IPreset::STREAM_TYPE_AUDIO, A::CODEC_ID_MP2}}}},
-        {F::FORMAT_MPEG,
-         {IPreset::KEY_TYPE_ID,
-          F::FORMAT_MPEG1VIDEO,
-          none,
-          none,
-          {1, 16, 16, 16},
-          {{IPreset::STREAM_TYPE_VIDEO, V::CODEC_ID_MPEG1VIDEO}, {IPreset::STREAM_TYPE_AUDIO, A::CODEC_ID_MP2}}}},
+         {F::TAG_CONTAINER, F::FORMAT_DVD, none, {F::TAG_DVD_STANDARD, F::TAG_DISK_SIZE}, {9, 8, 32, 0}, {mpeg2, mp2}}},
+        {F::FORMAT_VOB, {typeId, F::FORMAT_MPEG2VIDEO, none, none, {1, 16, 16, 16}, {mpeg2, mp2}}},
+        {F::FORMAT_MPEG, {typeId, F::FORMAT_MPEG1VIDEO, none, none, {1, 16, 16, 16}, {mpeg1, mp2}}},
     };
     for (const auto& [format, expected] : cases) {
         SCOPED_TRACE(format);
@@ -152,16 +139,20 @@ TEST(DiscFormat, DvdConstraints) {
     EXPECT_EQ(offered[1ul].GetInt64(), F::DISK_SIZE_DVD_STANDARD);
     EXPECT_EQ(offered[2ul].GetInt64(), F::DISK_SIZE_DVD_DOUBLE_LAYER);
 
-    const ConstraintPtr mode = constraints.at(Path(kStreamVideo, IFormatCodec::TAG_BITRATE_MODE));
-    EXPECT_TRUE(mode->IsValid(Property("", IFormatCodec::TAG_BITRATE_MODE_CBR_AUTO)));
-    EXPECT_TRUE(mode->IsValid(Property("", IFormatCodec::TAG_BITRATE_MODE_CBR)));
-    EXPECT_FALSE(mode->IsValid(Property("", IFormatCodec::TAG_BITRATE_MODE_VBR)));
-
-    const ConstraintPtr bitrate = constraints.at(Path(kStreamVideo, IFormatCodec::TAG_BITRATE));
-    EXPECT_TRUE(bitrate->IsValid(Property("", 100000LL)));
-    EXPECT_TRUE(bitrate->IsValid(Property("", V::MAX_VIDEO_BITRATE)));
-    EXPECT_FALSE(bitrate->IsValid(Property("", 99999LL)));
-    EXPECT_FALSE(bitrate->IsValid(Property("", V::MAX_VIDEO_BITRATE + 1)));
+    // the video stream's setting, a value, whether it is admitted
+    const std::tuple<std::string, Property, bool> cases[] = {
+        {IFormatCodec::TAG_BITRATE_MODE, Property("", IFormatCodec::TAG_BITRATE_MODE_CBR_AUTO), true},
+        {IFormatCodec::TAG_BITRATE_MODE, Property("", IFormatCodec::TAG_BITRATE_MODE_CBR), true},
+        {IFormatCodec::TAG_BITRATE_MODE, Property("", IFormatCodec::TAG_BITRATE_MODE_VBR), false},
+        {IFormatCodec::TAG_BITRATE, Property("", 100000LL), true},
+        {IFormatCodec::TAG_BITRATE, Property("", V::MAX_VIDEO_BITRATE), true},
+        {IFormatCodec::TAG_BITRATE, Property("", 99999LL), false},
+        {IFormatCodec::TAG_BITRATE, Property("", V::MAX_VIDEO_BITRATE + 1), false},
+    };
+    for (const auto& [setting, value, admitted] : cases) {
+        EXPECT_EQ(constraints.at(Path(kStreamVideo, setting))->IsValid(value), admitted)
+            << setting << " " << PropertyValueToString(value);
+    }
 }
 
 TEST(DiscFormat, ProgramStreamFrameRates) {

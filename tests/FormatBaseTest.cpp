@@ -5,8 +5,6 @@
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "FormatTestSupport.h"
-#include "Proc/IFilterResample.h"
-#include "Proc/IResample.h"
 
 #include <gtest/gtest.h>
 
@@ -53,8 +51,7 @@ std::pair<std::string, boost::intrusive_ptr<IValidationRule>> RateRule(const std
 }
 
 const std::string kCodecPath = IPreset::KEY_FILTER_AUDIO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
-const std::string kRatePath = Proc::IFilterResample::CLASS_ID + Property::SEPARATOR + Proc::IResample::CLASS_ID +
-                              Property::SEPARATOR + A::TAG_SAMPLE_RATE;
+const std::string kRatePath = ResamplerPath(A::TAG_SAMPLE_RATE);
 
 Property CodecNode(const std::string& name, const std::string& codec, long long rate) {
     Property node(name);

@@ -5,6 +5,8 @@
 
 #include "Conf/ConfException.h"
 #include "Conf/Interfaces/IDataHelper.h"
+#include "Conf/Interfaces/IFormatCodec.h"
+#include "Conf/Interfaces/IPreset.h"
 #include "Core/Property.h"
 #include "Proc/IFilterResample.h"
 #include "Proc/IResample.h"
@@ -12,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <stdexcept>
 #include <string>
 
 namespace HelperQueries {
@@ -34,6 +37,31 @@ inline std::string ResamplerPath(const std::string& tag) {
     return Tervan::Proc::IFilterResample::CLASS_ID + separator + Tervan::Proc::IResample::CLASS_ID + separator + tag;
 }
 
+// A format's constraint key on the codec of every stream of streamType.
+inline std::string StreamCodecKey(const std::string& streamType) {
+    using Tervan::Conf::IPreset;
+    const std::string& separator = Tervan::Core::Property::SEPARATOR;
+    const std::string& section =
+        streamType == IPreset::STREAM_TYPE_VIDEO ? IPreset::KEY_FILTER_VIDEO_CODEC : IPreset::KEY_FILTER_AUDIO_CODEC;
+    return IPreset::KEY_STREAMS + IPreset::INDEX + streamType + separator + section + separator +
+           Tervan::Conf::IFormatCodec::TAG_CODEC_ID;
+}
+
+// How many of the helper's constraints its defaults give a value to; each must admit it.
+inline std::size_t CheckedDefaults(const Tervan::Conf::IDataHelper& helper) {
+    const Tervan::Core::Property defaults = helper.GetDefaults();
+    std::size_t checked = 0;
+    for (const auto& [path, constraint] : ConstraintsOf(helper)) {
+        if (!constraint) {
+            ADD_FAILURE() << "no constraint object on " << path;
+        } else if (const Tervan::Core::Property* value = defaults.FindChildByPath(path)) {
+            EXPECT_TRUE(constraint->IsValid(*value)) << path;
+            ++checked;
+        }
+    }
+    return checked;
+}
+
 // The description of the HelperException that action throws.
 inline std::string HelperMessage(const std::function<void()>& action) {
     try {
@@ -45,6 +73,18 @@ inline std::string HelperMessage(const std::function<void()>& action) {
     }
     ADD_FAILURE() << "no HelperException";
     return {};
+}
+
+// Checks that action throws a logic_error whose message is head followed by the call stack.
+inline void ExpectLogicError(const std::function<void()>& action, const std::string& head) {
+    try {
+        action();
+        ADD_FAILURE() << "no logic_error";
+    } catch (const std::logic_error& e) {
+        const std::string what = e.what();
+        EXPECT_EQ(what.substr(0, head.size()), head);
+        EXPECT_GT(what.size(), head.size()) << "call stack missing";
+    }
 }
 
 }  // namespace HelperQueries

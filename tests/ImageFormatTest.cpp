@@ -24,9 +24,7 @@ TreeDefaults PictureTree(const std::string& container, const std::string& codec)
 ConstraintPtr OnlyConstraint(const IDataHelper& helper) {
     const IDataHelper::Constraints constraints = ConstraintsOf(helper);
     EXPECT_EQ(constraints.size(), 1u);
-    const std::string key = IPreset::KEY_STREAMS + IPreset::INDEX + IPreset::STREAM_TYPE_VIDEO + Property::SEPARATOR +
-                            IPreset::KEY_FILTER_VIDEO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
-    return constraints.at(key);
+    return constraints.at(StreamCodecKey(IPreset::STREAM_TYPE_VIDEO));
 }
 
 }  // namespace

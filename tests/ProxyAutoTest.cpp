@@ -37,15 +37,8 @@ const std::string& Sep() {
     return Property::SEPARATOR;
 }
 
-std::string AudioCodecKey() {
-    return IPreset::KEY_STREAMS + IPreset::INDEX + IPreset::STREAM_TYPE_AUDIO + Sep() +
-           IPreset::KEY_FILTER_AUDIO_CODEC + Sep() + IFormatCodec::TAG_CODEC_ID;
-}
-
-std::string VideoCodecKey() {
-    return IPreset::KEY_STREAMS + IPreset::INDEX + IPreset::STREAM_TYPE_VIDEO + Sep() +
-           IPreset::KEY_FILTER_VIDEO_CODEC + Sep() + IFormatCodec::TAG_CODEC_ID;
-}
+const std::string kAudioCodecKey = StreamCodecKey(IPreset::STREAM_TYPE_AUDIO);
+const std::string kVideoCodecKey = StreamCodecKey(IPreset::STREAM_TYPE_VIDEO);
 
 std::string FrameRatePath() {
     return Proc::IFilterFrameRate::CLASS_ID + Sep() + IFormatCodecVideo::TAG_FPS;
@@ -123,7 +116,7 @@ TEST(ProxyAuto, Mp4AudioCodecsStartWithTheAutomaticCodec) {
     const IDataHelper::Constraints widened = ConstraintsOf(*Wrap(mp4));
 
     ASSERT_EQ(widened.size(), own.size());
-    const auto audio = widened.at(AudioCodecKey());
+    const auto audio = widened.at(kAudioCodecKey);
     EXPECT_EQ(AsSet(audio).GetValueType(), TYPE_STRING);
     const Labels codecs = {IFormatCodec::CODEC_ID_AUTO, IFormatCodecAudio::CODEC_ID_AAC,
                            IFormatCodecAudio::CODEC_ID_AC3, IFormatCodecAudio::CODEC_ID_DTS,
@@ -132,11 +125,11 @@ TEST(ProxyAuto, Mp4AudioCodecsStartWithTheAutomaticCodec) {
     for (const auto& [label, value] : AsSet(audio).GetEntries()) {
         EXPECT_EQ(value.GetString(), label);
     }
-    EXPECT_FALSE(own.at(AudioCodecKey())->IsValid(Property("", IFormatCodec::CODEC_ID_AUTO)));
+    EXPECT_FALSE(own.at(kAudioCodecKey)->IsValid(Property("", IFormatCodec::CODEC_ID_AUTO)));
     EXPECT_TRUE(audio->IsValid(Property("", IFormatCodec::CODEC_ID_AUTO)));
 
     // No automatic video codec: the format's own object.
-    EXPECT_EQ(widened.at(VideoCodecKey()), own.at(VideoCodecKey()));
+    EXPECT_EQ(widened.at(kVideoCodecKey), own.at(kVideoCodecKey));
 }
 
 TEST(ProxyAuto, H264BitrateModesStartWithAutomaticMode) {
@@ -172,13 +165,13 @@ TEST(ProxyAuto, RangeWidenedThroughTheProbeKeepsOnlyTheAutomaticValue) {
 TEST(ProxyAuto, CallersOtherKeysAreLeftAlone) {
     const auto mine = ConstraintSet::Create(PairList<std::string>{{"x", "x"}});
     const auto stale = ConstraintSet::Create(PairList<std::string>{{"y", "y"}});
-    IDataHelper::Constraints out = {{"mine", mine}, {VideoCodecKey(), stale}};
+    IDataHelper::Constraints out = {{"mine", mine}, {kVideoCodecKey, stale}};
 
     const DataHelperPtr mp4 = Frozen(IPreset::KEY_FORMAT, IFormatFile::FORMAT_MP4);
     Wrap(mp4)->GetConstraints(out);
 
     EXPECT_EQ(out.at("mine"), mine);
-    EXPECT_EQ(out.at(VideoCodecKey()), ConstraintsOf(*mp4).at(VideoCodecKey()));
+    EXPECT_EQ(out.at(kVideoCodecKey), ConstraintsOf(*mp4).at(kVideoCodecKey));
     EXPECT_EQ(out.size(), 3u);
 }
 
@@ -316,10 +309,8 @@ TEST(ProxyAuto, OtherOperationsReachTheWrappedHelper) {
     EXPECT_TRUE(settings["corrected"].GetBool());
 
     EXPECT_EQ(proxy->GetDefaults().GetInt64(), 7);
-}
 
-TEST(ProxyAuto, WrappedHelperWithoutConstraintsOrRulesYieldsNothing) {
-    const DataHelperPtr proxy = Wrap(StubHelper::Create());
+    // A helper without constraints or rules yields none.
     EXPECT_TRUE(ConstraintsOf(*proxy).empty());
     EXPECT_TRUE(RulesOf(*proxy).empty());
 }
