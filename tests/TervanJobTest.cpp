@@ -118,6 +118,9 @@ TEST_F(TervanJob, BadCommandLinesAreRefusedWithTheReason) {
         {"list codecs", "tervan-job: unknown kind 'codecs'"},
         {"options codec h264", "tervan-job: unknown kind 'codec'"},
         {"new mp4 --audio vorbis", "tervan-job: --audio: format mp4 does not carry vorbis; it carries one of: aac"},
+        {"new mp4 --audio auto",
+         "tervan-job: --audio: format mp4 does not carry auto; it carries one of: aac, ac3, dts, "
+         "mp3\n"},
         {"new mp3 --video h264", "tervan-job: --video: format mp3 has no video stream"},
         {"new mp4 --video h265", "tervan-job: --video: unknown video codec \"h265\"; expected one of: "},
         {"new mp5", "tervan-job: FORMAT: unknown format \"mp5\"; expected one of: 3g2, 3gp,"},
@@ -153,26 +156,65 @@ TEST_F(TervanJob, NewJobOfEveryFormatIsValid) {
     const std::vector<std::string> formats = Lines(Run("list formats").out);
     ASSERT_EQ(formats.size(), 44u);
     for (const std::string& format : formats) {
-        SCOPED_TRACE(format);
-        const fs::path job = m_dir / (format + ".json");
-        const Outcome made = Run("new " + format + " -o " + job.string());
-        ASSERT_EQ(made.status, 0) << made.err;
-        EXPECT_TRUE(made.err.empty()) << made.err;
-        const Json document = Json::parse(Slurp(job));
-        EXPECT_EQ(document["format_name"], format);
-        for (const auto& stream : document["format"]["streams"].items()) {
-            const bool audio = stream.value()["type"] == "audio";
-            EXPECT_TRUE(stream.value()[audio ? "audio_codec" : "video_codec"].contains("codec_id"));
+        for (const bool automatic : {false, true}) {
+            SCOPED_TRACE(format + (automatic ? " --auto" : ""));
+            const fs::path job = m_dir / (format + ".json");
+            const Outcome made = Run("new " + format + (automatic ? " --auto" : "") + " -o " + job.string());
+            ASSERT_EQ(made.status, 0) << made.err;
+            EXPECT_TRUE(made.err.empty()) << made.err;
+            const Json document = Json::parse(Slurp(job));
+            EXPECT_EQ(document["format_name"], format);
+            EXPECT_EQ(document.value("auto", false), automatic);
+            for (const auto& stream : document["format"]["streams"].items()) {
+                const bool audio = stream.value()["type"] == "audio";
+                EXPECT_TRUE(stream.value()[audio ? "audio_codec" : "video_codec"].contains("codec_id"));
+            }
+            const Outcome checked = Run("check " + job.string());
+            EXPECT_EQ(checked.status, 0) << checked.out << checked.err;
+            EXPECT_EQ(checked.out, "valid\n");
+            // A valid job needs no repair.
+            const Outcome fixed = Run("fix " + job.string());
+            EXPECT_EQ(fixed.status, 0);
+            EXPECT_EQ(fixed.err, "0 changes; the job is valid\n");
+            EXPECT_EQ(fixed.out, Slurp(job));
         }
-        const Outcome checked = Run("check " + job.string());
-        EXPECT_EQ(checked.status, 0) << checked.out << checked.err;
-        EXPECT_EQ(checked.out, "valid\n");
-        // A valid job needs no repair.
-        const Outcome fixed = Run("fix " + job.string());
-        EXPECT_EQ(fixed.status, 0);
-        EXPECT_EQ(fixed.err, "0 changes; the job is valid\n");
-        EXPECT_EQ(fixed.out, Slurp(job));
     }
+}
+
+TEST_F(TervanJob, AutomaticJobsAdmitAutomaticValues) {
+    const Outcome automaticCodec = Run("new mp4 --auto --audio auto");
+    ASSERT_EQ(automaticCodec.status, 0) << automaticCodec.err;
+    const Json audio = automaticCodec.Document()["format"]["streams"]["1"]["audio_codec"];
+    EXPECT_EQ(audio["codec_id"], "auto");
+    EXPECT_EQ(audio["bitrate_mode"], "cbr_auto");
+    EXPECT_EQ(audio["sample_rate"], -1);
+
+    // The converter is left to choose the sample rate, layout and frame rate.
+    Json document = Run("new mp4 --auto").Document();
+    Json& streams = document["format"]["streams"];
+    streams["0"]["frame_rate_filter"]["frame_rate"] = Json{{"$rational", {-1, 1}}};
+    streams["1"]["audio_resample"]["resampler"]["sample_rate"] = -1;
+    streams["1"]["audio_resample"]["resampler"]["channel_layout"] = "unknown";
+    const fs::path automatic = Write("automatic.json", document.dump());
+    const Outcome checked = Run("check " + automatic.string());
+    EXPECT_EQ(checked.status, 0) << checked.out;
+    const Outcome fixed = Run("fix " + automatic.string());
+    EXPECT_EQ(fixed.err, "0 changes; the job is valid\n");
+
+    // Without the automatic helpers the same values are violations.
+    document["auto"] = false;
+    const Outcome plain = Run("check " + Write("plain.json", document.dump()).string());
+    EXPECT_EQ(plain.status, 1);
+    EXPECT_TRUE(Contains(plain.out,
+                         "streams/1/audio_resample/resampler/sample_rate = -1: must equal "
+                         "streams/1/audio_codec/sample_rate = 44100"))
+        << plain.out;
+    EXPECT_TRUE(Contains(plain.out, "streams/0/frame_rate_filter/frame_rate = -1/1: must equal")) << plain.out;
+
+    const Outcome options = Run("options audio aac --auto");
+    EXPECT_TRUE(Contains(options.out, "audio codec aac (automatic)"));
+    EXPECT_TRUE(Contains(options.out, "bitrate_mode = \"cbr\": must be one of: cbr_auto, cbr")) << options.out;
+    EXPECT_FALSE(Contains(Run("options audio aac").out, "cbr_auto"));
 }
 
 TEST_F(TervanJob, NewWithChosenCodecs) {

@@ -41,10 +41,7 @@ bool IsKnownFilter(const std::string& name) {
 }
 
 Conf::DataHelperPtr Lookup(const std::string& type, const std::string& name, bool automatic) {
-    if (automatic) {
-        throw InputError(JobKeys::AUTOMATIC, "automatic codec choice is not available in this build");
-    }
-    return CreateDataHelper(type, name);
+    return automatic ? CreateDataHelperAuto(type, name) : CreateDataHelper(type, name);
 }
 
 }  // namespace

@@ -173,6 +173,12 @@ std::vector<RuleSite> Governance::StreamRules(const StreamRef& stream) const {
     return rules;
 }
 
+bool Governance::IsAutomaticChoice(const StreamRef& stream, const std::string& path,
+                                   const Core::Property& value) const {
+    const Twin* twin = TwinAt(stream.audio, path);
+    return m_catalogue.Automatic() && twin != nullptr && twin->filterPath == path && IsAutomatic(*twin, value);
+}
+
 std::string Violation::Text() const {
     std::string text = path + (value.empty() ? "" : " = " + value) + ": " + description + " [" + source;
     return text + (condition.empty() ? "" : ", " + condition) + "]";
@@ -209,7 +215,7 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
         const Core::Property* codec = stream.node->FindChildByPath(twin.codecPath);
         const Core::Property* filter = stream.node->FindChildByPath(twin.filterPath);
         if (codec != nullptr && filter != nullptr && *codec != *filter &&
-            !(governance.Helpers().Automatic() && IsAutomatic(twin, *filter))) {
+            !governance.IsAutomaticChoice(stream, twin.filterPath, *filter)) {
             violations.push_back({JoinPath(stream.path, twin.filterPath), DisplayValue(*filter),
                                   "must equal " + JoinPath(stream.path, twin.codecPath) + " = " + DisplayValue(*codec) +
                                       "; both hold the same quantity",
@@ -219,7 +225,8 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
     for (const ConstraintSite& site : governance.StreamSites(stream, false)) {
         const Core::Property* value = stream.node->FindChildByPath(site.path);
         const std::string path = JoinPath(stream.path, site.path);
-        if (value != nullptr && !Admits(*site.constraint, *value, path)) {
+        if (value != nullptr && !governance.IsAutomaticChoice(stream, site.path, *value) &&
+            !Admits(*site.constraint, *value, path)) {
             violations.push_back(
                 {path, DisplayValue(*value), ConstraintText(*site.constraint, site.name), site.source, "", false});
         }

@@ -48,6 +48,10 @@ public:
     std::vector<ConstraintSite> StreamSites(const StreamRef& stream, bool withFallbacks = true) const;
     // The codec's, each present filter's, then the format's.
     std::vector<RuleSite> StreamRules(const StreamRef& stream) const;
+    // Whether value, at path from the stream node, is a filter's automatic value in an
+    // automatic job: the choice is left to the converter, so only the rules, which the
+    // automatic helpers widen, judge it; a codec's own list of that setting does not.
+    bool IsAutomaticChoice(const StreamRef& stream, const std::string& path, const Core::Property& value) const;
 
 private:
     Catalogue m_catalogue;

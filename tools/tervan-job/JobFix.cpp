@@ -237,7 +237,8 @@ void JobEditor::KeepInStep(const StreamRef& stream) {
             const Core::Property* codec = stream.node->FindChildByPath(twin.codecPath);
             const Core::Property* filter = stream.node->FindChildByPath(twin.filterPath);
             if (codec != nullptr &&
-                (filter == nullptr || (*codec != *filter && !(m_job.automatic && IsAutomatic(twin, *filter))))) {
+                (filter == nullptr ||
+                 (*codec != *filter && !m_governance.IsAutomaticChoice(stream, twin.filterPath, *filter)))) {
                 const Core::Property value = *codec;
                 SetAt(*stream.node, twin.filterPath, value);
                 reasons[JoinPath(stream.path, twin.filterPath)] =
