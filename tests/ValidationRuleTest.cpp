@@ -111,12 +111,10 @@ TEST(ValidationRuleCheck, VerdictsOnUntrustedTrees) {
 
 TEST(ValidationRuleCheck, RuleTiedToNoSettingAlwaysApplies) {
     const auto evenWidth = ConstraintMethod::CreateEven(IPropertyConstraint::DESCRIPTION_ID_EVEN_SIZE);
-    const auto anyCodec = ConstraintMethod::CreateAlwaysTrue("");
     // Without a first constraint the first path is not even looked up.
     const boost::intrusive_ptr<IValidationRule> rules[] = {
         PairValidationRule::Create("", nullptr, "frame/width", evenWidth),
         PairValidationRule::Create("no/such/setting", nullptr, "frame/width", evenWidth),
-        PairValidationRule::Create("", anyCodec, "frame/width", evenWidth),
     };
     for (const auto& rule : rules) {
         SCOPED_TRACE(rule->GetFirstPath());
@@ -125,6 +123,20 @@ TEST(ValidationRuleCheck, RuleTiedToNoSettingAlwaysApplies) {
         EXPECT_TRUE(rule->IsValid(Job("x", 720)));
         EXPECT_FALSE(rule->IsValid(Job("x", 721)));
     }
+}
+
+// An empty first path is a path like any other: it names a child without a name.
+TEST(ValidationRuleCheck, EmptyFirstPathWithAConstraintIsLookedUp) {
+    const auto rule = PairValidationRule::Create("", ConstraintSet::Create(PairList<long long>{{"1", 1}}),
+                                                 "frame/width", ConstraintMethod::CreateEven(""));
+    Property tied = Job("x", 721);
+    tied.SetChildT("", 1LL);
+    EXPECT_FALSE(rule->IsValid(tied));
+    EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, tied).verdict, ValidationRuleCheck::BROKEN);
+    tied[""] = 2LL;
+    EXPECT_TRUE(rule->IsValid(tied));
+    EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, tied).verdict, ValidationRuleCheck::HOLDS);
+    EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, Job("x", 721)).verdict, ValidationRuleCheck::MISSING_SETTING);
 }
 
 TEST(ValidationRuleCheck, UnknownSampleFormatIsNotAdmitted) {

@@ -24,8 +24,8 @@ boost::intrusive_ptr<IValidationRule> PairValidationRule::Create(
 // noexcept on purpose: a rule built with a path that does not exist, or with a
 // constraint of another type, is a programming error that ends the process.
 bool PairValidationRule::IsValid(const Core::Property& settings) const noexcept {
-    const bool tiedToFirst = m_firstConstraint && !m_firstPath.empty();
-    if (tiedToFirst && !m_firstConstraint->IsValid(settings.ChildByPath(m_firstPath))) {
+    // A rule without a first constraint is tied to nothing and always applies.
+    if (m_firstConstraint && !m_firstConstraint->IsValid(settings.ChildByPath(m_firstPath))) {
         return true;
     }
     return m_secondConstraint->IsValid(settings.ChildByPath(m_secondPath));

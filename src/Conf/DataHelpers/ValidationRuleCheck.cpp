@@ -47,7 +47,7 @@ ValidationRuleCheck Run(const IValidationRule& rule, const Core::Property& setti
     // Why the second setting is asked at all, for the detail line.
     std::string because;
     // A rule tied to no other setting always applies.
-    if (firstConstraint && !firstPath.empty()) {
+    if (firstConstraint) {
         const Core::Property* first = settings.FindChildByPath(firstPath);
         if (first == nullptr) {
             return Make(Check::MISSING_SETTING, firstPath, text([&] { return "missing setting " + firstPath; }));
