@@ -186,6 +186,12 @@ TEST(CodecBase, PresetErrors) {
         HelperMessage([&] { neither->ApplyPresetSettings(Preset(V::CODEC_ID_MPEG4, C::TAG_BITRATE_MODE_CBR), out); }),
         "Unknown stream type");
     EXPECT_EQ(HelperMessage([&] { neither->CorrectFormatCodec(out); }), "Unknown stream type");
+
+    // A video preset needs the caller's frame whatever its mode.
+    Core::Property noFrame(IPreset::KEY_FILTER_VIDEO_CODEC);
+    EXPECT_THROW(mpeg4->ApplyPresetSettings(Preset(V::CODEC_ID_MPEG4, C::TAG_BITRATE_MODE_CBR), noFrame),
+                 Core::PropertyException);
+    EXPECT_THROW(mpeg4->ApplyPresetSettings(Preset(V::CODEC_ID_MPEG4, "abr"), noFrame), Core::PropertyException);
 }
 
 TEST(CodecBase, BitrateCorrectionFallsBackToDefaults) {

@@ -102,6 +102,27 @@ TEST(DataHelperFormatBase, MissingCodecListsAreReported) {
     }
 }
 
+// Each operation raises its own error, so the recorded throw site names it.
+TEST(DataHelperFormatBase, ErrorsNameTheOperationThatRaisesThem) {
+    const DataHelperFormatBase& gif = AsFormatBase(*Format(IFormatFile::FORMAT_GIF));
+    const std::pair<std::string, std::function<void()>> operations[] = {
+        {"AudioCodecsConstraint", [&] { gif.AudioCodecsConstraint(); }},
+        {"DefaultAudioCodec", [&] { gif.DefaultAudioCodec(); }},
+        {"SetCodecConstraint", [] { CodecLists::SetCodecConstraint({}, A::CODEC_ID_AAC); }},
+    };
+    for (const auto& [name, operation] : operations) {
+        SCOPED_TRACE(name);
+        try {
+            operation();
+            ADD_FAILURE() << "no exception";
+        } catch (const HelperException& e) {
+            const char* const* function = boost::get_error_info<boost::throw_function>(e);
+            ASSERT_NE(function, nullptr);
+            EXPECT_NE(std::string(*function).find("DataHelperFormatBase::" + name), std::string::npos) << *function;
+        }
+    }
+}
+
 TEST(DataHelperFormatBase, ApplyPresetSettingsChangesNothing) {
     Property preset(IPreset::KEY_FORMAT);
     preset.SetChildT(IFormatFile::TAG_CONTAINER, IFormatFile::FORMAT_AVI);
