@@ -7,8 +7,10 @@
 
 #include <atomic>
 #include <clocale>
+#include <condition_variable>
 #include <cstdlib>
 #include <locale.h>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
@@ -117,7 +119,7 @@ TEST(RefCount, ConcurrentAddRefAndReleaseKeepTheCount) {
     EXPECT_EQ(destroyed, 1);
 }
 
-TEST(FrozenObjects, CountsStandStillUntilThawed) {
+TEST(FrozenObjects, CountsStayExactAndNothingDiesUntilThawed) {
     int destroyed = 0;
     Tervan::FrozenObjects frozen;
     frozen.Collect();
@@ -131,18 +133,94 @@ TEST(FrozenObjects, CountsStandStillUntilThawed) {
     boost::intrusive_ptr<const ICounted> later(new Counted(&destroyed));
     {
         boost::intrusive_ptr<const ICounted> more = held;
-        EXPECT_EQ(held->GetRefCount(), 1);
+        EXPECT_EQ(held->GetRefCount(), 2);
         boost::intrusive_ptr<const ICounted> moreLater = later;
-        EXPECT_EQ(later->GetRefCount(), 2) << "made after Freeze, so counted";
+        EXPECT_EQ(later->GetRefCount(), 2) << "made after Freeze";
     }
-    held->Release();  // would destroy a counted object
+    EXPECT_EQ(held->GetRefCount(), 1);
+    held->Release();  // the owner's reference keeps a frozen object alive
+    EXPECT_EQ(held->GetRefCount(), 0);
     EXPECT_EQ(destroyed, 1);
     held->AddRef();
 
     frozen.Thaw();
+    EXPECT_EQ(held->GetRefCount(), 1);
     held.reset();
     later.reset();
     EXPECT_EQ(destroyed, 3);
+}
+
+// Each thread counts in a tally of its own; a reference may be taken on one thread
+// and given back on another, and a thread's tally joins the count when it ends.
+TEST(FrozenObjects, ThreadsCountApartAndTheSumIsTheCount) {
+    int destroyed = 0;
+    Tervan::FrozenObjects frozen;
+    frozen.Collect();
+    boost::intrusive_ptr<const ICounted> shared(new Counted(&destroyed));
+    frozen.Freeze();
+
+    constexpr int kThreads = 4;
+    constexpr int kTaken = 1000;
+    std::mutex mutex;
+    std::condition_variable changed;
+    int holding = 0;
+    bool release = false;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&] {
+            for (int j = 0; j < kTaken; ++j) {
+                shared->AddRef();
+            }
+            std::unique_lock<std::mutex> lock(mutex);
+            ++holding;
+            changed.notify_all();
+            changed.wait(lock, [&] { return release; });
+            lock.unlock();
+            for (int j = 0; j < kTaken / 2; ++j) {
+                shared->Release();
+            }
+        });
+    }
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        changed.wait(lock, [&] { return holding == kThreads; });
+        EXPECT_EQ(shared->GetRefCount(), 1 + kThreads * kTaken);
+        release = true;
+        changed.notify_all();
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(shared->GetRefCount(), 1 + kThreads * kTaken / 2) << "the ended threads' tallies are kept";
+    // The references the ended threads kept are given back here.
+    for (int j = 0; j < kThreads * kTaken / 2; ++j) {
+        shared->Release();
+    }
+    EXPECT_EQ(shared->GetRefCount(), 1);
+    frozen.Thaw();
+    EXPECT_EQ(shared->GetRefCount(), 1);
+    shared.reset();
+    EXPECT_EQ(destroyed, 1);
+}
+
+// A thread's own thread-local holders may outlive its tallies; what they give back
+// as the thread ends still counts.
+TEST(FrozenObjects, ReferencesGivenBackAsAThreadEndsStillCount) {
+    int destroyed = 0;
+    Tervan::FrozenObjects frozen;
+    frozen.Collect();
+    boost::intrusive_ptr<const ICounted> shared(new Counted(&destroyed));
+    frozen.Freeze();
+    std::thread([&] {
+        // Made before the thread's first reference, so it ends after the thread's tallies.
+        thread_local boost::intrusive_ptr<const ICounted> holder;
+        holder = shared;
+        EXPECT_EQ(shared->GetRefCount(), 2);
+    }).join();
+    EXPECT_EQ(shared->GetRefCount(), 1);
+    frozen.Thaw();
+    shared.reset();
+    EXPECT_EQ(destroyed, 1);
 }
 
 TEST(FrozenObjects, CollectsOnlyTheCollectingThread) {
@@ -167,9 +245,12 @@ TEST(FrozenObjects, ObjectsOutlivingTheRecordCountAgain) {
         frozen.Collect();
         survivor.reset(new Counted(&destroyed));
         frozen.Freeze();
+        survivor->AddRef();
     }
+    EXPECT_EQ(survivor->GetRefCount(), 2) << "the reference taken while frozen is kept";
     boost::intrusive_ptr<const ICounted> copy = survivor;
-    EXPECT_EQ(survivor->GetRefCount(), 2);
+    EXPECT_EQ(survivor->GetRefCount(), 3);
+    survivor->Release();
     copy.reset();
     survivor.reset();
     EXPECT_EQ(destroyed, 1);

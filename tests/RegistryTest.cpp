@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <thread>
 
 using namespace Tervan;
 using namespace Tervan::Conf;
@@ -98,18 +99,26 @@ TEST(Registry, LookupsAreStableAndShared) {
     }
 }
 
-// Threads asking the same helpers must not write to them: neither the helpers nor
-// the constraints they hand out change their reference counts when handed out.
-TEST(Registry, SharedObjectsTakeNoCountWrites) {
+// The registry's objects are shared; every reference to them counts, from any thread.
+TEST(Registry, SharedObjectsCountEveryReference) {
     const auto helper = CreateDataHelper(IPreset::KEY_FILTER_VIDEO_CODEC, "h264");
     const long helperCount = helper->GetRefCount();
-    const IDataHelper::Constraints first = ConstraintsOf(*helper);
+    EXPECT_GE(helperCount, 2) << "the table's and ours";
+    IDataHelper::Constraints first = ConstraintsOf(*helper);
     ASSERT_FALSE(first.empty());
-    const auto& [path, constraint] = *first.begin();
+    const std::string path = first.begin()->first;
+    const ConstraintPtr constraint = first.begin()->second;
     const long constraintCount = constraint->GetRefCount();
-    const IDataHelper::Constraints second = ConstraintsOf(*helper);
-    const auto again = CreateDataHelper(IPreset::KEY_FILTER_VIDEO_CODEC, "h264");
-    EXPECT_EQ(second.at(path), constraint) << "the same shared object for " << path;
-    EXPECT_EQ(constraint->GetRefCount(), constraintCount);
+    {
+        const IDataHelper::Constraints second = ConstraintsOf(*helper);
+        EXPECT_EQ(second.at(path), constraint) << "the same shared object for " << path;
+        EXPECT_EQ(constraint->GetRefCount(), constraintCount + 1);
+        std::thread([&] {
+            const auto again = CreateDataHelper(IPreset::KEY_FILTER_VIDEO_CODEC, "h264");
+            EXPECT_EQ(helper->GetRefCount(), helperCount + 1);
+        }).join();
+    }
+    first.clear();
+    EXPECT_EQ(constraint->GetRefCount(), constraintCount - 1);
     EXPECT_EQ(helper->GetRefCount(), helperCount);
 }

@@ -3,7 +3,10 @@
 #include "Core/Api.h"
 
 #include <atomic>
+#include <memory>
+#include <mutex>
 #include <unordered_set>
+#include <vector>
 
 namespace Tervan {
 
@@ -41,20 +44,23 @@ private:
     friend class FrozenObjects;
 
     mutable std::atomic<long> m_count;
-    // Set only while no other thread can reach the object: see FrozenObjects.
-    bool m_frozen = false;
+    // While frozen, the object's place in every thread's tally; -1 otherwise. Set
+    // only while no other thread can reach the object: see FrozenObjects.
+    long m_slot = -1;
     FrozenObjects* m_collector = nullptr;
 };
 
 // The objects a library builds while it loads and keeps until it unloads. Between
 // Collect and Freeze, every counted object constructed on the calling thread is
-// collected; once frozen, their counts stay as they are, so threads sharing them
-// write nothing to them. Thaw must come before their owners release them at unload,
-// so that the last release deletes each as usual. References taken while frozen
-// must be given back before Thaw.
+// collected. Once frozen, each thread counts its references to them in a tally of
+// its own, so threads sharing them write nothing shared; a count is its value at
+// Freeze plus every thread's tally, and a thread's tally joins the counts when the
+// thread ends. Thaw folds the tallies in and must come before the owners release
+// the objects at unload, so that the last release deletes each as usual; no thread
+// may take or give back references while Thaw runs.
 class TERVAN_API FrozenObjects {
 public:
-    FrozenObjects() = default;
+    FrozenObjects();
     FrozenObjects(const FrozenObjects&) = delete;
     FrozenObjects& operator=(const FrozenObjects&) = delete;
     ~FrozenObjects();
@@ -63,13 +69,32 @@ public:
     void Freeze();
     void Thaw();
 
+    // One thread's counts, by slot; written only by that thread.
+    using Tally = std::vector<std::atomic<long>>;
+
 private:
     friend class RefCountImpl;
+    friend struct ThreadTallies;
 
     void Add(RefCountImpl* object);
     void Remove(RefCountImpl* object);
+    // The calling thread's count for the slot; null once the thread's tallies are gone.
+    std::atomic<long>* Count(long slot);
+    long Total(const RefCountImpl& object) const;
+    // The calling thread's tally, or null once it is gone.
+    Tally* FindTally();
+    // The calling thread's tally, made on its first reference.
+    Tally& Enrol();
+    void Retire(const Tally* tally);
+    // Adds the tally to the counts and clears it; the caller holds m_mutex.
+    void Fold(Tally& tally);
 
     std::unordered_set<RefCountImpl*> m_objects;
+    std::vector<RefCountImpl*> m_slots;
+    // Names this freeze in the threads' records of their tallies; renewed by Thaw.
+    unsigned long long m_generation;
+    mutable std::mutex m_mutex;
+    std::vector<std::unique_ptr<Tally>> m_tallies;
 };
 
 // Implements the three IRefCountable slots of an interface by forwarding to RefCountImpl.

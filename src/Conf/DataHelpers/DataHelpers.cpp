@@ -91,8 +91,8 @@ namespace {
 using Entries = std::vector<std::pair<std::string, DataHelperPtr>>;
 
 // Everything built from here to the end of the tables is shared by every thread
-// until the library unloads. Frozen, its reference counts take no writes, so
-// threads asking the same helpers do not contend for them.
+// until the library unloads. Frozen, each thread counts its references to it
+// apart, so threads asking the same helpers do not contend for the counts.
 FrozenObjects loadTimeObjects;
 const bool collecting = (loadTimeObjects.Collect(), true);
 
