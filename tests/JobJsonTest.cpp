@@ -10,7 +10,7 @@ using namespace Tervan::Job;
 namespace {
 
 Core::Property Parse(const std::string& text) {
-    return PropertyFromJson(ParseJson(text), "root", "");
+    return PropertyFromJson(ParseJson(text, ""), "root", "");
 }
 
 std::string RoundTrip(const std::string& text) {
@@ -82,6 +82,10 @@ TEST(JobJson, RefusesWhatASettingsTreeCannotHold) {
         {R"({"a": null})", "a: expected a value or an object, found null"},
         {R"({"a": [1, 2]})", "a: expected a value or an object; arrays appear only in"},
         {R"({"a": 18446744073709551615})", "a: integer out of the signed 64-bit range"},
+        // Beyond 64 bits an integer would otherwise arrive as a double.
+        {R"({"a": {"b": 18446744073709551616}})", "a/b: integer out of the signed 64-bit range"},
+        {R"({"a": -9223372036854775809})", "a: integer out of the signed 64-bit range"},
+        {R"({"a": 1e400})", "a: number out of the floating-point range"},
         {R"({"a": {"b": 1, "b": 2}})", "a/b: duplicate key"},
         {R"({"a/b": 1})", "a/b: a setting name must not contain \"/\""},
         {R"({"": 1})", "a setting name must not be empty"},
@@ -117,6 +121,23 @@ TEST(JobJson, RefusesDocumentsBeyondTheLimits) {
 
     const std::string large = "\"" + std::string(JsonLimits::MAX_BYTES, 'x') + "\"";
     EXPECT_NE(Refusal(large).find("document too large"), std::string::npos);
+}
+
+// Refusals inside the settings name their place from the settings' own root.
+TEST(JobJson, RefusalsInsideTheRootAreNamedFromIt) {
+    const auto refusal = [](const std::string& text) {
+        try {
+            ParseJson(text, "format");
+        } catch (const InputError& e) {
+            return std::string(e.what());
+        }
+        return std::string("accepted");
+    };
+    EXPECT_EQ(refusal(R"({"format": {"streams": {"a": 1, "a": 2}}})"),
+              "streams/a: duplicate key; every name in an object must be unique");
+    EXPECT_EQ(refusal(R"({"format": 1, "format": 2})"),
+              "format: duplicate key; every name in an object must be unique");
+    EXPECT_EQ(refusal(R"({"other": {"x": 1e999}})"), "other/x: number out of the floating-point range");
 }
 
 TEST(JobJson, DisplayValueIsOneShortLine) {

@@ -158,7 +158,7 @@ Json JobToJson(const Job& job) {
 
 Job ReadJob(const std::string& file) {
     try {
-        Job job = JobFromJson(ParseJson(ReadTextFile(file)));
+        Job job = JobFromJson(ParseJson(ReadTextFile(file), IPreset::KEY_FORMAT));
         ValidateJob(job);
         return job;
     } catch (const InputError& e) {

@@ -154,7 +154,7 @@ Job NewJob(const NewJobRequest& request, FixReport& report) {
 
 Core::Property ReadPreset(const std::string& file) {
     try {
-        const Json document = ParseJson(ReadTextFile(file));
+        const Json document = ParseJson(ReadTextFile(file), IPreset::KEY_FORMAT);
         if (!document.is_object() || !document.contains(IPreset::KEY_FORMAT)) {
             throw InputError("", "not a preset: expected an object with \"" + IPreset::KEY_FORMAT + "\"");
         }

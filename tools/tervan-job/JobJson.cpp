@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iostream>
 #include <limits>
 #include <set>
@@ -37,54 +36,78 @@ std::string WithoutExceptionId(const std::string& message) {
     return message;
 }
 
-// Keeps track of where the parser is, so that refusals can name the place.
-class ParseGuard {
+// Reads a document before it is built, so that refusals name the place: too deep,
+// too wide, a repeated key, and a number no setting can hold. An integer beyond 64
+// bits would otherwise be built as a double.
+class ParseGuard : public nlohmann::json_sax<Json> {
 public:
-    bool operator()(int, Json::parse_event_t event, Json& parsed) {
-        switch (event) {
-            case Json::parse_event_t::object_start:
-            case Json::parse_event_t::array_start:
-                if (m_segments.size() >= JsonLimits::MAX_DEPTH) {
-                    throw InputError(Where(Path()),
-                                     "nested deeper than " + std::to_string(JsonLimits::MAX_DEPTH) + " levels");
-                }
-                m_segments.emplace_back();
-                m_keys.emplace_back();
-                break;
-            case Json::parse_event_t::key: {
-                const std::string& key = parsed.get_ref<const std::string&>();
-                m_segments.back() = key;
-                if (!m_keys.back().insert(key).second) {
-                    throw InputError(Path(), "duplicate key; every name in an object must be unique");
-                }
-                if (m_keys.back().size() > JsonLimits::MAX_CHILDREN) {
-                    throw InputError(Where(Path()), "more than " + std::to_string(JsonLimits::MAX_CHILDREN) +
-                                                        " members in one object");
-                }
-                break;
-            }
-            case Json::parse_event_t::object_end:
-            case Json::parse_event_t::array_end:
-                m_segments.pop_back();
-                m_keys.pop_back();
-                break;
-            case Json::parse_event_t::value:
-                break;
+    explicit ParseGuard(const std::string& root) : m_root(root) {}
+
+    bool null() override { return true; }
+    bool boolean(bool /*value*/) override { return true; }
+    bool number_integer(number_integer_t /*value*/) override { return true; }
+    bool number_unsigned(number_unsigned_t /*value*/) override { return true; }
+    bool number_float(number_float_t /*value*/, const string_t& literal) override {
+        if (literal.find_first_of(".eE") == string_t::npos) {
+            throw InputError(Where(Path()), "integer out of the signed 64-bit range");
         }
         return true;
     }
+    bool string(string_t& /*value*/) override { return true; }
+    bool binary(binary_t& /*value*/) override { return true; }
+    bool start_object(std::size_t /*elements*/) override { return Enter(); }
+    bool end_object() override { return Leave(); }
+    bool start_array(std::size_t /*elements*/) override { return Enter(); }
+    bool end_array() override { return Leave(); }
+    bool key(string_t& key) override {
+        m_segments.back() = key;
+        if (!m_keys.back().insert(key).second) {
+            throw InputError(Path(), "duplicate key; every name in an object must be unique");
+        }
+        if (m_keys.back().size() > JsonLimits::MAX_CHILDREN) {
+            throw InputError(Where(Path()),
+                             "more than " + std::to_string(JsonLimits::MAX_CHILDREN) + " members in one object");
+        }
+        return true;
+    }
+    bool parse_error(std::size_t /*position*/, const std::string& /*token*/, const Json::exception& error) override {
+        // nlohmann's id for a number that overflows a double.
+        constexpr int kNumberOverflow = 406;
+        if (error.id == kNumberOverflow) {
+            throw InputError(Where(Path()), "number out of the floating-point range");
+        }
+        throw InputError("", "malformed JSON: " + WithoutExceptionId(error.what()));
+    }
 
 private:
+    bool Enter() {
+        if (m_segments.size() >= JsonLimits::MAX_DEPTH) {
+            throw InputError(Where(Path()), "nested deeper than " + std::to_string(JsonLimits::MAX_DEPTH) + " levels");
+        }
+        m_segments.emplace_back();
+        m_keys.emplace_back();
+        return true;
+    }
+
+    bool Leave() {
+        m_segments.pop_back();
+        m_keys.pop_back();
+        return true;
+    }
+
+    // Inside the root member, paths start from it, as the settings' paths do everywhere.
     std::string Path() const {
+        const bool inRoot = m_segments.size() > 1 && !m_root.empty() && m_segments.front() == m_root;
         std::string path;
-        for (const std::string& segment : m_segments) {
-            if (!segment.empty()) {
-                path = Join(path, segment);
+        for (auto segment = m_segments.begin() + (inRoot ? 1 : 0); segment != m_segments.end(); ++segment) {
+            if (!segment->empty()) {
+                path = Join(path, *segment);
             }
         }
         return path;
     }
 
+    const std::string m_root;
     std::vector<std::string> m_segments;
     std::vector<std::set<std::string>> m_keys;
 };
@@ -215,17 +238,14 @@ void Write(const Json& value, std::size_t depth, std::string& out) {
 InputError::InputError(const std::string& where, const std::string& message)
     : std::runtime_error(where.empty() ? message : where + ": " + message) {}
 
-Json ParseJson(const std::string& text) {
+Json ParseJson(const std::string& text, const std::string& root) {
     if (text.size() > JsonLimits::MAX_BYTES) {
         throw InputError("", "document too large: " + std::to_string(text.size()) + " bytes, at most " +
                                  std::to_string(JsonLimits::MAX_BYTES));
     }
-    ParseGuard guard;
-    try {
-        return Json::parse(text, std::ref(guard));
-    } catch (const Json::parse_error& e) {
-        throw InputError("", "malformed JSON: " + WithoutExceptionId(e.what()));
-    }
+    ParseGuard guard(root);
+    Json::sax_parse(text, &guard);
+    return Json::parse(text);
 }
 
 std::string ReadTextFile(const std::string& file) {

@@ -30,8 +30,10 @@ struct JsonLimits {
 // with "$" are reserved for such forms.
 extern const char* const RATIONAL_KEY;
 
-// Parses JSON text, refusing duplicate keys and documents beyond JsonLimits.
-Json ParseJson(const std::string& text);
+// Parses JSON text, refusing duplicate keys, integers beyond 64 bits, numbers beyond
+// a double and documents beyond JsonLimits. Refusals inside the top-level member root
+// name their place from it.
+Json ParseJson(const std::string& text, const std::string& root);
 // The whole file ("-" reads standard input).
 std::string ReadTextFile(const std::string& file);
 
