@@ -279,6 +279,12 @@ TEST_F(TervanJob, OptionsShowRangesLabelsAndPredicates) {
     }
     EXPECT_TRUE(seen);
     EXPECT_EQ(Run("options audio opus").status, 2);
+
+    // AC-3's checks list nothing and describe nothing; they are not refusals.
+    EXPECT_TRUE(Contains(Run("options audio ac3").out, "bitrate = 256000: decided by a check that lists no values\n"));
+    const Json ac3 = Run("options audio ac3 --json").Document();
+    EXPECT_EQ(ac3["settings"][2]["path"], "bitrate");
+    EXPECT_EQ(ac3["settings"][2]["unlisted"], true);
 }
 
 TEST_F(TervanJob, ExampleJobsGetTheirVerdictsAndRepairs) {

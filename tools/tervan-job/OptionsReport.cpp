@@ -13,6 +13,9 @@ namespace {
 
 using Conf::IPreset;
 
+// A constraint that neither lists values nor describes itself: only trying a value tells.
+const char* const kUnlisted = "decided by a check that lists no values";
+
 struct Setting {
     std::string key;
     std::optional<Core::Property> byDefault;
@@ -93,7 +96,10 @@ std::string Demand(const Conf::ConstraintPtr& constraint, const std::string& key
         return "may be any value";
     }
     const std::string admitted = AdmittedText(Probe(*constraint));
-    return admitted.empty() ? ConstraintText(*constraint, key) : "must be " + admitted;
+    if (!admitted.empty()) {
+        return "must be " + admitted;
+    }
+    return Description(*constraint, key).empty() ? kUnlisted : ConstraintText(*constraint, key);
 }
 
 std::string Condition(const Conf::ConstraintPtr& constraint) {
@@ -176,6 +182,8 @@ void DescribeInto(Json& object, const Conf::ConstraintPtr& constraint, const std
     const std::string description = Description(*constraint, key);
     if (!description.empty()) {
         object["description"] = description;
+    } else if (admitted.values.empty() && !admitted.IsRange()) {
+        object["unlisted"] = true;
     }
 }
 
