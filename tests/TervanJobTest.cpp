@@ -361,6 +361,41 @@ TEST_F(TervanJob, ExampleJobsGetTheirVerdictsAndRepairs) {
           "ac3, mp2): Parameter bitrate must be one of the following values: 256000)",
           "4 changes; the job is valid"},
          {{"/format/streams/1/audio_codec/sample_rate", 48000}, {"/format/streams/0/video_codec/bitrate", 9800000}}},
+        // Each correction is explained by the helper that made it.
+        {"jobs/broken/mp3-8000.json",
+         1,
+         "streams/1/audio_resample/resampler/sample_rate = 8000: Parameter sample_rate must be one of the following "
+         "values: 44100 48000 32000 22050 24000 16000 [format mp4, when audio_codec/codec_id is mp3]",
+         0,
+         {"changed streams/1/audio_codec/sample_rate: 8000 -> 11025 (codec mp3 (when audio_codec/codec_id is mp3): "
+          "Parameter sample_rate must be one of the following values: 44100 48000 32000 22050 24000 16000 11025 "
+          "12000)",
+          "changed streams/1/audio_codec/sample_rate: 11025 -> 16000 (format mp4 (when audio_codec/codec_id is mp3): "
+          "Parameter sample_rate must be one of the following values: 44100 48000 32000 22050 24000 16000)",
+          "changed streams/1/audio_resample/resampler/sample_rate: 8000 -> 16000 (kept in step with "
+          "streams/1/audio_codec/sample_rate)",
+          "3 changes; the job is valid"},
+         {{"/format/streams/1/audio_resample/resampler/sample_rate", 16000}}},
+        // Nothing near an odd width is even: a broken rule falls back to the default.
+        {"jobs/broken/odd-width.json",
+         1,
+         "streams/0/resize/resizer/width = 801: Value must be an even number [filter resize]",
+         0,
+         {"changed streams/0/video_codec/width: 801 -> 800 (filter resize: Value must be an even number; nothing near "
+          "is admitted, so the default)",
+          "changed streams/0/resize/resizer/width: 801 -> 800 (kept in step with streams/0/video_codec/width)",
+          "2 changes; the job is valid"},
+         {{"/format/streams/0/resize/resizer/width", 800}}},
+        // The format's constraint on a codec setting falls back to the codec's default.
+        {"jobs/broken/dvd-vbr-video.json",
+         1,
+         "streams/0/video_codec/bitrate_mode = \"vbr\": Parameter bitrate_mode must be one of the following values: "
+         "cbr_auto cbr [format dvd]",
+         0,
+         {"changed streams/0/video_codec/bitrate_mode: \"vbr\" -> \"cbr\" (format dvd: Parameter bitrate_mode must "
+          "be one of the following values: cbr_auto cbr; nothing near is admitted, so the default)",
+          "1 change; the job is valid"},
+         {{"/format/streams/0/video_codec/bitrate_mode", "cbr"}}},
         {"jobs/broken/sides-disagree.json",
          1,
          "streams/0/resize/resizer/width = 1280: must equal streams/0/video_codec/width = 800; both hold the same "

@@ -173,6 +173,23 @@ std::vector<RuleSite> Governance::StreamRules(const StreamRef& stream) const {
     return rules;
 }
 
+std::optional<Core::Property> Governance::DefaultAt(const StreamRef& stream, const std::string& path) const {
+    const std::string owner = FirstSegment(path);
+    const std::string inner = path.substr(std::min(path.size(), owner.size() + Core::Property::SEPARATOR.size()));
+    std::optional<Core::Property> value;
+    if (owner == stream.CodecKey()) {
+        value = ValueAt(Codec(stream)->GetDefaults(), inner);
+    } else if (Catalogue::IsFilter(owner, stream.audio)) {
+        value = ValueAt(m_catalogue.Get(Catalogue::FILTER, owner, JoinPath(stream.path, owner))->GetDefaults(), inner);
+    }
+    // A value held on both sides may have its default on the other side only.
+    const Twin* twin = TwinAt(stream.audio, path);
+    if (!value && twin != nullptr && twin->codecPath == path) {
+        return DefaultAt(stream, twin->filterPath);
+    }
+    return value;
+}
+
 bool Governance::IsAutomaticChoice(const StreamRef& stream, const std::string& path,
                                    const Core::Property& value) const {
     const Twin* twin = TwinAt(stream.audio, path);

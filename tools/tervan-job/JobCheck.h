@@ -48,6 +48,8 @@ public:
     std::vector<ConstraintSite> StreamSites(const StreamRef& stream, bool withFallbacks = true) const;
     // The codec's, each present filter's, then the format's.
     std::vector<RuleSite> StreamRules(const StreamRef& stream) const;
+    // What the codec or filter that owns path (from the stream node) holds there by default.
+    std::optional<Core::Property> DefaultAt(const StreamRef& stream, const std::string& path) const;
     // Whether value, at path from the stream node, is a filter's automatic value in an
     // automatic job: the choice is left to the converter, so only the rules, which the
     // automatic helpers widen, judge it; a codec's own list of that setting does not.

@@ -254,9 +254,12 @@ void JobEditor::KeepInStep(const StreamRef& stream) {
     });
 }
 
-JobEditor::Reasons JobEditor::ViolationReasons(const StreamRef& stream) const {
+JobEditor::Reasons JobEditor::ViolationReasons(const StreamRef& stream, const std::string& source) const {
     Reasons reasons;
     for (const Violation& violation : CheckStream(m_governance, stream)) {
+        if (violation.source != source) {
+            continue;
+        }
         reasons.emplace(violation.path, violation.Reason());
         const std::string inStream = violation.path.substr(std::min(violation.path.size(), stream.path.size() + 1));
         if (const Twin* twin = TwinAt(stream.audio, inStream)) {
@@ -267,8 +270,8 @@ JobEditor::Reasons JobEditor::ViolationReasons(const StreamRef& stream) const {
 }
 
 void JobEditor::CorrectByCodec(const StreamRef& stream) {
-    Reasons known = ViolationReasons(stream);
     std::string label = m_governance.CodecLabel(stream);
+    Reasons known = ViolationReasons(stream, label);
     RecordAt(*stream.node, stream.path, [&](Reasons& reasons) {
         reasons = known;
         const Core::Property original = stream.Codec();
@@ -300,8 +303,8 @@ void JobEditor::CorrectByFormat(const StreamRef& stream) {
         !codec.ChildExists(Conf::IFormatCodecAudio::TAG_SAMPLE_RATE)) {
         return;
     }
-    Reasons known = ViolationReasons(stream);
     const std::string& label = m_governance.FormatLabel();
+    Reasons known = ViolationReasons(stream, label);
     RecordAt(*stream.node, stream.path, [&](Reasons& reasons) {
         reasons = known;
         // The format corrects only a node named as the audio section of its own settings.
@@ -337,7 +340,12 @@ void JobEditor::FixSites(const StreamRef& stream) {
                 continue;
             }
             std::string reason = site.source + ": " + ConstraintText(*site.constraint, site.name);
-            if (Repair(*site.constraint, *value, target == site.path ? site.fallback : std::nullopt, reason)) {
+            std::optional<Core::Property> fallback = target == site.path ? site.fallback : std::nullopt;
+            if (!fallback) {
+                // The format's defaults say nothing about a codec's or filter's own settings.
+                fallback = m_governance.DefaultAt(stream, target);
+            }
+            if (Repair(*site.constraint, *value, fallback, reason)) {
                 reasons[path] = reason;
             }
         }
@@ -371,7 +379,7 @@ void JobEditor::FixRules(const StreamRef& stream) {
             const std::string condition = RuleCondition(rule);
             std::string reason = site.source + (condition.empty() ? "" : " (" + condition + ")") + ": " +
                                  ConstraintText(*rule.GetSecondConstraint(), Leaf(result.path));
-            if (Repair(*rule.GetSecondConstraint(), value, std::nullopt, reason)) {
+            if (Repair(*rule.GetSecondConstraint(), value, m_governance.DefaultAt(stream, target), reason)) {
                 reasons[JoinPath(stream.path, target)] = reason;
             }
         }

@@ -60,7 +60,8 @@ private:
     void CorrectByFormat(const StreamRef& stream);
     void FixSites(const StreamRef& stream);
     void FixRules(const StreamRef& stream);
-    Reasons ViolationReasons(const StreamRef& stream) const;
+    // Why a helper's correction changes what it changes: that helper's own violations.
+    Reasons ViolationReasons(const StreamRef& stream, const std::string& source) const;
 
     Job& m_job;
     Governance m_governance;
