@@ -236,8 +236,9 @@ int RunCheck(const std::vector<std::string>& args) {
     const auto values =
         ParseCommand(command, args, po::options_description("Options"), {{"job", 1}},
                      "\nEach violation is one line: path = value: what is demanded [who demands it, and when].\n"
-                     "Descriptions are translated when LANGUAGE or LANG names a language with a catalog\n"
-                     "and a locale on the system (locale -a).\n");
+                     "Descriptions are translated when LANGUAGE, LC_ALL, LC_MESSAGES or LANG names a language\n"
+                     "with a catalog and a locale on the system (locale -a).\n"
+                     "Exit status: 0 when the job is valid, 1 with violations, 2 when it cannot be read.\n");
     if (!values) {
         return EXIT_VALID;
     }
