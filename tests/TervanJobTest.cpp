@@ -551,11 +551,32 @@ TEST_F(TervanJob, AppliesAPresetThroughTheHelpers) {
                  .string() +
              " " + job.string(),
          "streams/0/audio_resample: unknown filter; video streams of a preset hold video_codec and the filters"},
+        {"apply " +
+             Write("width.json", R"({"format": {"streams": {"0": {"type": "video",
+              "resize": {"resizer": {"width": "x"}}}}}})")
+                 .string() +
+             " " + job.string(),
+         "streams/0/resize/resizer/width: expected an integer, found a string \"x\""},
+        {"apply " +
+             Write("bitrate.json", R"({"format": {"streams": {"0": {"type": "video",
+              "video_codec": {"codec_id": "h264", "bitrate_mode": "cbr", "bitrate": "x"}}}}})")
+                 .string() +
+             " " + job.string(),
+         "streams/0/video_codec/bitrate: expected an integer, found a string \"x\""},
     };
     for (const Case& c : refused) {
         SCOPED_TRACE(c.arguments);
         ExpectRefused(Run(c.arguments), c.message);
     }
+
+    // A preset may name only some of a filter's settings; the job keeps the rest.
+    const fs::path partial = Write("partial.json", R"({"format": {"streams": {"0": {"type": "video",
+        "resize": {"resizer": {"width": 1280, "height": 720}}}}}})");
+    const Outcome resized = Run("apply " + partial.string() + " " + job.string());
+    ASSERT_EQ(resized.status, 0) << resized.err;
+    const Json resizer = resized.Document()["format"]["streams"]["0"]["resize"]["resizer"];
+    EXPECT_EQ(resizer["width"], 1280);
+    EXPECT_EQ(resizer["method"], "bilinear");
 }
 
 TEST_F(TervanJob, BadDocumentsAreRefusedInOneLine) {

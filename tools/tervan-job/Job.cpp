@@ -26,16 +26,6 @@ void ExpectType(const Core::Property& value, PropertyTypes type, const std::stri
     }
 }
 
-// Every setting that the helper's defaults have must keep the defaults' type.
-void ExpectShape(const Core::Property& node, const Core::Property& defaults, const std::string& path) {
-    ExpectType(node, defaults.GetType(), path);
-    for (const Core::Property& expected : defaults) {
-        if (const Core::Property* child = node.FindChild(expected.GetName())) {
-            ExpectShape(*child, expected, JoinPath(path, expected.GetName()));
-        }
-    }
-}
-
 const Core::Property& RequiredChild(const Core::Property& node, const std::string& name, PropertyTypes type,
                                     const std::string& path, const std::string& what) {
     const Core::Property* child = node.FindChild(name);
@@ -181,6 +171,16 @@ void ValidateJob(const Job& job) {
     }
     for (const Core::Property& stream : streams) {
         ValidateStream(stream, JoinPath(IPreset::KEY_STREAMS, stream.GetName()), catalogue);
+    }
+}
+
+// Every setting that the helper's defaults have must keep the defaults' type.
+void ExpectShape(const Core::Property& node, const Core::Property& defaults, const std::string& path) {
+    ExpectType(node, defaults.GetType(), path);
+    for (const Core::Property& expected : defaults) {
+        if (const Core::Property* child = node.FindChild(expected.GetName())) {
+            ExpectShape(*child, expected, JoinPath(path, expected.GetName()));
+        }
     }
 }
 

@@ -47,6 +47,9 @@ std::string JoinPath(const std::string& path, const std::string& name);
 // without its codec node or codec id, a stream child that is neither its codec node
 // nor a filter's settings.
 void ValidateJob(const Job& job);
+// Refuses a node whose settings differ in type from a helper's defaults for them; path
+// names the node in the refusal.
+void ExpectShape(const Core::Property& node, const Core::Property& defaults, const std::string& path);
 std::vector<StreamRef> Streams(Job& job);
 
 }  // namespace Tervan::Job

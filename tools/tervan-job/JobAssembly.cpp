@@ -108,15 +108,19 @@ void ApplyToStream(JobEditor& editor, const StreamRef& stream, const Core::Prope
         for (const Core::Property& child : preset) {
             if (Catalogue::IsFilter(child.GetName(), stream.audio)) {
                 const std::string& name = child.GetName();
-                editor.Helpers()
-                    .Helpers()
-                    .Get(Catalogue::FILTER, name, JoinPath(where, name))
-                    ->ApplyPresetSettings(child, stream.Codec());
-                MergeInto((*stream.node)[name], child);
+                const auto filter = editor.Helpers().Helpers().Get(Catalogue::FILTER, name, JoinPath(where, name));
+                ExpectShape(child, filter->GetDefaults(), JoinPath(where, name));
+                // A preset may name only some of the filter's settings; the job has the rest.
+                Core::Property settings = (*stream.node)[name];
+                MergeInto(settings, child);
+                filter->ApplyPresetSettings(settings, stream.Codec());
+                (*stream.node)[name] = std::move(settings);
             }
         }
         if (codec != nullptr) {
-            editor.Helpers().Codec(stream)->ApplyPresetSettings(*codec, stream.Codec());
+            const auto helper = editor.Helpers().Codec(stream);
+            ExpectShape(*codec, helper->GetDefaults(), JoinPath(where, codecKey));
+            helper->ApplyPresetSettings(*codec, stream.Codec());
         }
     });
 }
