@@ -211,6 +211,16 @@ TEST_F(TervanJob, AutomaticJobsAdmitAutomaticValues) {
         << plain.out;
     EXPECT_TRUE(Contains(plain.out, "streams/0/frame_rate_filter/frame_rate = -1/1: must equal")) << plain.out;
 
+    // The automatic AC-3 helper and DVD disagree on the bitrate mode: said, and no step
+    // that only takes a value away and back is reported as a change.
+    const Outcome disagreeing = Run("new dvd --auto --audio ac3");
+    EXPECT_EQ(disagreeing.status, 1);
+    EXPECT_TRUE(Contains(disagreeing.err, "unfixable: streams/1/audio_codec/bitrate_mode = \"cbr\""))
+        << disagreeing.err;
+    const Outcome refixed = Run("fix " + Write("dvd-ac3.json", disagreeing.out).string());
+    EXPECT_EQ(refixed.status, 1);
+    EXPECT_TRUE(Contains(refixed.err, "0 changes; 1 violation(s) remain")) << refixed.err;
+
     const Outcome options = Run("options audio aac --auto");
     EXPECT_TRUE(Contains(options.out, "audio codec aac (automatic)"));
     EXPECT_TRUE(Contains(options.out, "bitrate_mode = \"cbr\": must be one of: cbr_auto, cbr")) << options.out;

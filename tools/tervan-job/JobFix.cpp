@@ -8,6 +8,7 @@
 #include "StreamSides.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 
 namespace Tervan::Job {
@@ -98,6 +99,24 @@ bool Repair(const Conf::IPropertyConstraint& constraint, Core::Property& value,
     }
     value.CopyDataFrom(candidate);
     return true;
+}
+
+// Helpers that disagree can take a value away and back; steps that end where they
+// began changed nothing and are not reported.
+void DropRoundTrips(std::vector<Change>& changes) {
+    std::map<std::string, std::pair<std::string, std::string>> net;  // path: first before, last after
+    for (const Change& change : changes) {
+        const auto [entry, added] = net.emplace(change.path, std::make_pair(change.before, change.after));
+        if (!added) {
+            entry->second.second = change.after;
+        }
+    }
+    changes.erase(std::remove_if(changes.begin(), changes.end(),
+                                 [&net](const Change& change) {
+                                     const auto& [first, last] = net.at(change.path);
+                                     return first == last;
+                                 }),
+                  changes.end());
 }
 
 // Where a repair should act: a value held on both sides is repaired on the codec's
@@ -441,6 +460,7 @@ void JobEditor::Fix() {
     for (const StreamRef& stream : Streams(m_job)) {
         FixStream(stream);
     }
+    DropRoundTrips(m_report.changes);
     m_report.remaining = CheckJob(m_job, false);
 }
 
