@@ -181,6 +181,23 @@ TEST_F(TervanJob, NewJobOfEveryFormatIsValid) {
     }
 }
 
+// fix takes the codec's side as the source, so check judges it as well.
+TEST_F(TervanJob, CheckJudgesTheCodecSideWhereTheSidesDisagree) {
+    Json document = Run("new mp4 --audio mp3").Document();
+    document["format"]["streams"]["1"]["audio_codec"]["sample_rate"] = 8000;
+    const Outcome checked = Run("check " + Write("disagree.json", document.dump()).string());
+    EXPECT_EQ(checked.status, 1);
+    EXPECT_TRUE(Contains(checked.out,
+                         "streams/1/audio_resample/resampler/sample_rate = 44100: must equal "
+                         "streams/1/audio_codec/sample_rate = 8000"))
+        << checked.out;
+    EXPECT_TRUE(Contains(checked.out,
+                         "streams/1/audio_codec/sample_rate = 8000: Parameter sample_rate must be one of "
+                         "the following values: 44100 48000 32000 22050 24000 16000 [format mp4, when "
+                         "audio_codec/codec_id is mp3]"))
+        << checked.out;
+}
+
 TEST_F(TervanJob, AutomaticJobsAdmitAutomaticValues) {
     const Outcome automaticCodec = Run("new mp4 --auto --audio auto");
     ASSERT_EQ(automaticCodec.status, 0) << automaticCodec.err;

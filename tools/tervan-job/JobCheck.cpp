@@ -284,6 +284,35 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
                                            result.detail + ")");
         }
     }
+    // Where the two sides disagree, fix takes the codec's value: the rules judge it too.
+    Core::Property codecView = view;
+    std::vector<const Twin*> disagreeing;
+    for (const Twin& twin : Twins()) {
+        const Core::Property* codec = stream.node->FindChildByPath(twin.codecPath);
+        const Core::Property* filter = stream.node->FindChildByPath(twin.filterPath);
+        if (twin.audio == stream.audio && twin.keptInStep && codec != nullptr && filter != nullptr &&
+            *codec != *filter && !governance.IsAutomaticChoice(stream, twin.filterPath, *filter)) {
+            SetAt(codecView, twin.filterPath, *codec);
+            disagreeing.push_back(&twin);
+        }
+    }
+    for (const RuleSite& site : disagreeing.empty() ? std::vector<RuleSite>() : governance.StreamRules(stream)) {
+        const Conf::IValidationRule& rule = *site.rule;
+        const std::string firstPath = rule.GetFirstPath();
+        if (rule.GetFirstConstraint() && !firstPath.empty() && codecView.FindChildByPath(firstPath) == nullptr) {
+            continue;
+        }
+        const Conf::ValidationRuleCheck result = Conf::ValidationRuleCheck::EvaluateVerdict(rule, codecView);
+        const auto twin = std::find_if(disagreeing.begin(), disagreeing.end(), [&result](const Twin* candidate) {
+            return candidate->filterPath == result.path;
+        });
+        if (result.verdict == Conf::ValidationRuleCheck::BROKEN && twin != disagreeing.end()) {
+            violations.push_back({JoinPath(stream.path, (*twin)->codecPath),
+                                  DisplayValue(codecView.ChildByPath(result.path)),
+                                  ConstraintText(*rule.GetSecondConstraint(), Leaf(result.path)), site.source,
+                                  RuleCondition(rule), false});
+        }
+    }
     return violations;
 }
 
