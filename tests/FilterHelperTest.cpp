@@ -22,6 +22,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace Tervan;
 using namespace Tervan::Conf;
 using namespace HelperQueries;
@@ -280,6 +282,18 @@ TEST(DataHelperDeinterlace, FieldRateImplementationsDoubleTheRate) {
         helper->ApplyPresetSettings(preset, out);
         EXPECT_EQ(out[V::TAG_FPS].GetRatio(), c.expected);
     }
+    // Doubling a rate must not overflow: halving an even denominator needs no room.
+    Property preset = helper->GetDefaults();
+    preset.ChildByPath(Proc::IDeinterlace::CLASS_ID + S + IPreset::KEY_TYPE_ID) =
+        Proc::IDeinterlace::DEINTERLACE_IMPL_FIELDS_FFMPEG;
+    const long long huge = std::numeric_limits<long long>::max() / 2 + 1;
+    Property out = VideoCodec(720, 576, Ratio(huge, 2));
+    helper->ApplyPresetSettings(preset, out);
+    EXPECT_EQ(out[V::TAG_FPS].GetRatio(), Ratio(huge));
+    out = VideoCodec(720, 576, Ratio(huge));
+    EXPECT_EQ(HelperMessage([&] { helper->ApplyPresetSettings(preset, out); }),
+              "Frame rate too high to double: " + std::to_string(huge) + "/1");
+    EXPECT_EQ(out[V::TAG_FPS].GetRatio(), Ratio(huge));
 }
 
 TEST(FilterHelpers, FormatterAndPreviewDefaults) {

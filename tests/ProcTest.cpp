@@ -72,6 +72,24 @@ TEST(SettingsResizer, OutputFrameHonoursShapesAndEvenSizes) {
     EXPECT_THROW(SettingsResizer().GetOutputFrameSize({1920, -2, 1, 1}), Proc::ProcException);
 }
 
+// The exact geometry multiplies terms; terms it could overflow on are refused, not wrapped.
+TEST(SettingsResizer, RefusesTermsBeyondTheExactRange) {
+    constexpr int kMax = static_cast<int>(SettingsResizer::MAX_TERM);
+    EXPECT_EQ(SettingsResizer::Term(kMax, "width"), kMax);
+    EXPECT_EQ(SettingsResizer::Term(-kMax, "aspect"), -kMax);
+    EXPECT_THROW(SettingsResizer::Term(kMax + 1LL, "width"), Proc::ProcException);
+    EXPECT_THROW(SettingsResizer::Term(-2147483648LL, "aspect"), Proc::ProcException);
+    EXPECT_THROW(SettingsResizer::Term(4294967296LL + 800, "width"), Proc::ProcException) << "no wrap to 800";
+
+    SettingsResizer settings;
+    settings.mode = SettingsResizer::MODE_AUTO;
+    // The largest terms still give an exact answer.
+    EXPECT_EQ(settings.GetOutputFrameSize({kMax, 2, kMax - 1, 1}).width, 640);
+    EXPECT_THROW(settings.GetOutputFrameSize({2147483647, 1, 2147483629, 1}), Proc::ProcException);
+    settings.aspect = R(1, kMax + 1);
+    EXPECT_THROW(settings.GetOutputFrameSize({1920, 1080, 1, 1}), Proc::ProcException);
+}
+
 TEST(IFilterResize, TreeRoundTripsEveryEnumerator) {
     for (int i = 0; i < 6; ++i) {
         SCOPED_TRACE(i);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -53,6 +55,10 @@ TEST(Property, AssignmentReplacesTypeAndDropsChildren) {
 
 TEST(Property, NumericReadersConvert) {
     EXPECT_EQ(Property("d", -2.9).GetInt64(), -2);
+    // Beyond the integers' range a double reads as the nearest end; NaN is no integer.
+    EXPECT_EQ(Property("d", 1e300).GetInt64(), std::numeric_limits<long long>::max());
+    EXPECT_EQ(Property("d", -1e300).GetInt64(), std::numeric_limits<long long>::min());
+    EXPECT_THROW(Property("d", std::nan("")).GetInt64(), PropertyException);
     EXPECT_DOUBLE_EQ(Property("i", 3).GetDouble(), 3.0);
     EXPECT_NEAR(Property("r", Ratio(30000, 1001)).GetDouble(), 29.97, 0.001);
     EXPECT_THROW(Property("s", "x").GetInt64(), PropertyException);

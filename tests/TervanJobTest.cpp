@@ -596,6 +596,21 @@ TEST_F(TervanJob, AppliesAPresetThroughTheHelpers) {
         ExpectRefused(Run(c.arguments), c.message);
     }
 
+    // Values no real job holds end in a refusal, not in arithmetic that overflows.
+    Json absurd = Json::parse(Slurp(job));
+    absurd["format"]["streams"]["0"]["video_codec"]["frame_rate"] = Json{{"$rational", {4611686018427387904LL, 1}}};
+    absurd["format"]["streams"]["0"]["frame_rate_filter"]["frame_rate"] =
+        absurd["format"]["streams"]["0"]["video_codec"]["frame_rate"];
+    const fs::path absurdJob = Write("absurd.json", absurd.dump());
+    const fs::path deinterlace = Write("deinterlace.json", R"({"format": {"streams": {"0": {"type": "video",
+        "deinterlace": {"deinterlacer": {"type": "yadif_field"}}}}}})");
+    ExpectRefused(Run("apply " + deinterlace.string() + " " + absurdJob.string()),
+                  "streams/0: Frame rate too high to double: 4611686018427387904/1");
+    const fs::path aspect = Write("aspect.json", R"({"format": {"streams": {"0": {"type": "video",
+        "resize": {"resizer": {"aspect_x": -2147483648, "aspect_y": -1}}}}}})");
+    ExpectRefused(Run("apply " + aspect.string() + " " + job.string()),
+                  "streams/0: aspect out of range: -2147483648, at most 32768");
+
     // A preset may name only some of a filter's settings; the job keeps the rest.
     const fs::path partial = Write("partial.json", R"({"format": {"streams": {"0": {"type": "video",
         "resize": {"resizer": {"width": 1280, "height": 720}}}}}})");

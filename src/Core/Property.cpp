@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
+#include <limits>
 #include <string_view>
 
 namespace Tervan::Core {
@@ -94,6 +96,17 @@ long long Property::GetInt64() const {
         return *v;
     }
     if (const double* v = std::get_if<double>(&m_value)) {
+        // Truncated toward zero; beyond the integers' range the nearest end, not undefined behaviour.
+        constexpr double kLimit = 9223372036854775808.0;  // 2^63
+        if (std::isnan(*v)) {
+            ThrowWrongType("GetInt64");
+        }
+        if (*v >= kLimit) {
+            return std::numeric_limits<long long>::max();
+        }
+        if (*v < -kLimit) {
+            return std::numeric_limits<long long>::min();
+        }
         return static_cast<long long>(*v);
     }
     if (const Ratio* v = std::get_if<Ratio>(&m_value)) {

@@ -61,10 +61,10 @@ SettingsResizer IFilterResize::Property2Settings(const Core::Property& property)
         FromText<SettingsResizer::FrameSizeMode>(kFrameSizeModes, resizer[IResize::FRAME_SIZE_MODE]);
     settings.mode = FromText<SettingsResizer::Mode>(kModes, resizer[IResize::MODE]);
     settings.method = FromText<SettingsResizer::Method>(kMethods, resizer[IResize::METHOD]);
-    settings.width = static_cast<int>(resizer[V::TAG_WIDTH].GetInt64());
-    settings.height = static_cast<int>(resizer[V::TAG_HEIGHT].GetInt64());
-    settings.aspect.assign(static_cast<int>(resizer[V::TAG_ASPECTX].GetInt64()),
-                           static_cast<int>(resizer[V::TAG_ASPECTY].GetInt64()));
+    settings.width = SettingsResizer::Term(resizer[V::TAG_WIDTH].GetInt64(), "width");
+    settings.height = SettingsResizer::Term(resizer[V::TAG_HEIGHT].GetInt64(), "height");
+    settings.aspect.assign(SettingsResizer::Term(resizer[V::TAG_ASPECTX].GetInt64(), "aspect"),
+                           SettingsResizer::Term(resizer[V::TAG_ASPECTY].GetInt64(), "aspect"));
     return settings;
 }
 

@@ -3,12 +3,18 @@
 #include "Proc/ProcException.h"
 
 #include <algorithm>
+#include <string>
+#include <utility>
 
 namespace Tervan::Proc {
 namespace {
 
-// Exact arithmetic: sizes times aspects stay far below 2^63.
+// Exact arithmetic: with every term within MAX_TERM, products of four stay below 2^63.
 using Ratio = boost::rational<long long>;
+
+[[noreturn]] void ThrowProcError(const std::string& description) {
+    BOOST_THROW_EXCEPTION(Core::AddStack(ProcException() << Exception::TagDescription(description)));
+}
 
 Ratio PixelShape(long long x, long long y) {
     return x > 0 && y > 0 ? Ratio(x, y) : Ratio(1);
@@ -39,11 +45,28 @@ Conf::FrameInfo Fit(const Ratio& r, long long boxWidth, long long boxHeight, con
 
 }  // namespace
 
+int SettingsResizer::Term(long long value, const char* what) {
+    if (value > MAX_TERM || value < -MAX_TERM) {
+        ThrowProcError(std::string(what) + " out of range: " + std::to_string(value) + ", at most " +
+                       std::to_string(MAX_TERM));
+    }
+    return static_cast<int>(value);
+}
+
 Conf::FrameInfo SettingsResizer::GetOutputFrameSize(const Conf::FrameInfo& source) const {
     if (source.width <= 0 || source.height <= 0) {
-        BOOST_THROW_EXCEPTION(Core::AddStack(ProcException() << Exception::TagDescription(
-                                                 "The source frame has no size: " + std::to_string(source.width) + "x" +
-                                                 std::to_string(source.height))));
+        ThrowProcError("The source frame has no size: " + std::to_string(source.width) + "x" +
+                       std::to_string(source.height));
+    }
+    for (const auto& [value, what] : {std::pair<long long, const char*>{source.width, "source width"},
+                                      {source.height, "source height"},
+                                      {source.aspectX, "source aspect"},
+                                      {source.aspectY, "source aspect"},
+                                      {width, "width"},
+                                      {height, "height"},
+                                      {aspect.numerator(), "aspect"},
+                                      {aspect.denominator(), "aspect"}}) {
+        Term(value, what);
     }
     const Ratio sourceShape = PixelShape(source.aspectX, source.aspectY);
     const Ratio shape = PixelShape(aspect.numerator(), aspect.denominator());

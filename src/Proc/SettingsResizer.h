@@ -65,7 +65,15 @@ struct TERVAN_API SettingsResizer {
     int height = 480;
     boost::rational<int> aspect{1, 1};
 
-    // Throws ProcException for a source frame without a positive size.
+    // Sides and aspect terms beyond this are refused: the exact geometry multiplies up
+    // to four of them in 64 bits.
+    static constexpr long long MAX_TERM = 1 << 15;
+
+    // value as a side or aspect term; throws ProcException beyond MAX_TERM either way.
+    static int Term(long long value, const char* what);
+
+    // Throws ProcException for a source frame without a positive size, and for a side or
+    // aspect term, of the source or of these settings, beyond MAX_TERM.
     Conf::FrameInfo GetOutputFrameSize(const Conf::FrameInfo& source) const;
 };
 

@@ -1,9 +1,13 @@
 #include "Conf/DataHelpers/DataHelperDeinterlace.h"
 
+#include "Conf/ConfException.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IPreset.h"
 #include "Proc/IDeinterlace.h"
 #include "Proc/IFilterDeinterlace.h"
+
+#include <limits>
+#include <string>
 
 namespace Tervan::Conf {
 
@@ -24,6 +28,14 @@ void DataHelperDeinterlace::ApplyPresetSettings(const Core::Property& preset, Co
         return;
     }
     const Core::Property::Ratio rate = out.ChildByPath(IFormatCodecVideo::TAG_FPS).GetRatio();
+    // No real rate comes near it, but a tree may hold anything: doubling must not overflow.
+    const long long numerator = rate.numerator();
+    if (rate.denominator() % 2 != 0 && (numerator > std::numeric_limits<long long>::max() / 2 ||
+                                        numerator < std::numeric_limits<long long>::min() / 2)) {
+        BOOST_THROW_EXCEPTION(Core::AddStack(HelperException() << Exception::TagDescription(
+                                                 "Frame rate too high to double: " + std::to_string(numerator) + "/" +
+                                                 std::to_string(rate.denominator()))));
+    }
     out.SetChildT(IFormatCodecVideo::TAG_FPS, rate * 2);
 }
 

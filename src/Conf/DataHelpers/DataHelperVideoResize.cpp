@@ -79,7 +79,9 @@ void DataHelperVideoResize::GetValidationRules(ValidationRules& out) const {
 }
 
 void DataHelperVideoResize::ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const {
-    const auto read = [&out](const std::string& tag) { return static_cast<int>(out.ChildByPath(tag).GetInt64()); };
+    const auto read = [&out](const std::string& tag) {
+        return Proc::SettingsResizer::Term(out.ChildByPath(tag).GetInt64(), tag.c_str());
+    };
     const FrameInfo source{read(V::TAG_WIDTH), read(V::TAG_HEIGHT), read(V::TAG_ASPECTX), read(V::TAG_ASPECTY)};
     const FrameInfo frame = Proc::IFilterResize::Property2Settings(preset).GetOutputFrameSize(source);
     out.SetChildT(V::TAG_WIDTH, static_cast<long long>(frame.width));
