@@ -140,6 +140,13 @@ TEST(JobJson, RefusalsInsideTheRootAreNamedFromIt) {
     EXPECT_EQ(refusal(R"({"other": {"x": 1e999}})"), "other/x: number out of the floating-point range");
 }
 
+// A name may hold a line break; a refusal naming it stays one line.
+TEST(JobJson, RefusalsStayOnOneLine) {
+    EXPECT_EQ(std::string(InputError("a\nb", "unknown member \"x\ty\"").what()), "a\\nb: unknown member \"x\\ty\"");
+    EXPECT_EQ(OneLine("plain"), "plain");
+    EXPECT_EQ(OneLine(std::string("nul\0here", 8)), "nul\\u0000here");
+}
+
 TEST(JobJson, DisplayValueIsOneShortLine) {
     EXPECT_EQ(DisplayValue(Core::Property("", std::string("mp3"))), "\"mp3\"");
     EXPECT_EQ(DisplayValue(Core::Property("", 25.0)), "25.0");

@@ -107,7 +107,7 @@ std::string Governance::CodecLabel(const StreamRef& stream) const {
     return HelperLabel(stream.audio ? Catalogue::AUDIO_CODEC : Catalogue::VIDEO_CODEC, stream.CodecId());
 }
 
-std::vector<ConstraintSite> Governance::FormatSites(Job& job, bool withFallbacks) const {
+std::vector<ConstraintSite> Governance::FormatSites(Job& job, bool withFallbacks, const StreamRef* only) const {
     Conf::IDataHelper::Constraints constraints;
     m_format->GetConstraints(constraints);
     const Core::Property defaults = withFallbacks ? m_format->GetDefaults() : Core::Property();
@@ -133,7 +133,7 @@ std::vector<ConstraintSite> Governance::FormatSites(Job& job, bool withFallbacks
                 }
             }
         }
-        for (const StreamRef& stream : Streams(job)) {
+        for (const StreamRef& stream : only != nullptr ? std::vector<StreamRef>{*only} : Streams(job)) {
             if (StreamType(stream) == type) {
                 sites.push_back({JoinPath(stream.path, inner), Leaf(inner), constraint, m_formatLabel, fallback});
             }
@@ -197,8 +197,8 @@ bool Governance::IsAutomaticChoice(const StreamRef& stream, const std::string& p
 }
 
 std::string Violation::Text() const {
-    std::string text = path + (value.empty() ? "" : " = " + value) + ": " + description + " [" + source;
-    return text + (condition.empty() ? "" : ", " + condition) + "]";
+    const std::string text = path + (value.empty() ? "" : " = " + value) + ": " + description + " [" + source;
+    return OneLine(text + (condition.empty() ? "" : ", " + condition) + "]");
 }
 
 std::string Violation::Reason() const {

@@ -43,7 +43,9 @@ public:
 
     // Paths from the settings root. Fallbacks cost a copy of the helper's defaults;
     // only repairs need them.
-    std::vector<ConstraintSite> FormatSites(Job& job, bool withFallbacks = true) const;
+    // With stream, sites in other streams are left out.
+    std::vector<ConstraintSite> FormatSites(Job& job, bool withFallbacks = true,
+                                            const StreamRef* stream = nullptr) const;
     // Paths from the stream node: the codec's, then each present filter's.
     std::vector<ConstraintSite> StreamSites(const StreamRef& stream, bool withFallbacks = true) const;
     // The codec's, each present filter's, then the format's.

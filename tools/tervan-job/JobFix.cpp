@@ -132,7 +132,7 @@ std::string RepairTarget(const StreamRef& stream, const std::string& path) {
 }  // namespace
 
 std::string Change::Text() const {
-    return path + ": " + before + " -> " + after + " (" + reason + ")";
+    return OneLine(path + ": " + before + " -> " + after + " (" + reason + ")");
 }
 
 JobEditor::JobEditor(Job& job) : m_job(job), m_governance(job) {}
@@ -344,7 +344,7 @@ void JobEditor::CorrectByFormat(const StreamRef& stream) {
 void JobEditor::FixSites(const StreamRef& stream) {
     std::vector<ConstraintSite> sites = m_governance.StreamSites(stream);
     const std::string prefix = stream.path + Core::Property::SEPARATOR;
-    for (ConstraintSite& site : m_governance.FormatSites(m_job)) {
+    for (ConstraintSite& site : m_governance.FormatSites(m_job, true, &stream)) {
         if (site.path.compare(0, prefix.size(), prefix) == 0) {
             site.path.erase(0, prefix.size());
             sites.push_back(std::move(site));

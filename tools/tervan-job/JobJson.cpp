@@ -1,5 +1,7 @@
 #include "JobJson.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
@@ -235,8 +237,27 @@ void Write(const Json& value, std::size_t depth, std::string& out) {
 
 }  // namespace
 
+std::string OneLine(const std::string& text) {
+    const bool plain =
+        std::none_of(text.begin(), text.end(), [](char c) { return std::iscntrl(static_cast<unsigned char>(c)); });
+    if (plain) {
+        return text;
+    }
+    std::string line;
+    for (const char c : text) {
+        if (std::iscntrl(static_cast<unsigned char>(c))) {
+            // The JSON library's escape for one character, without its quotes.
+            const std::string escaped = Json(std::string(1, c)).dump();
+            line += escaped.substr(1, escaped.size() - 2);
+        } else {
+            line += c;
+        }
+    }
+    return line;
+}
+
 InputError::InputError(const std::string& where, const std::string& message)
-    : std::runtime_error(where.empty() ? message : where + ": " + message) {}
+    : std::runtime_error(OneLine(where.empty() ? message : where + ": " + message)) {}
 
 Json ParseJson(const std::string& text, const std::string& root) {
     if (text.size() > JsonLimits::MAX_BYTES) {

@@ -12,6 +12,10 @@ namespace Tervan::Job {
 
 using Json = nlohmann::ordered_json;
 
+// text with its control characters escaped as JSON escapes them ("\n"), so that a
+// name holding a line break still reports on one line.
+std::string OneLine(const std::string& text);
+
 // Input the tool refuses: the message names where (a file, or a path inside the
 // settings) and what was expected. Always one line.
 class InputError : public std::runtime_error {
