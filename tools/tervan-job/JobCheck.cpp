@@ -192,8 +192,11 @@ std::optional<Core::Property> Governance::DefaultAt(const StreamRef& stream, con
 
 bool Governance::IsAutomaticChoice(const StreamRef& stream, const std::string& path,
                                    const Core::Property& value) const {
+    if (!m_catalogue.Automatic()) {
+        return false;
+    }
     const Twin* twin = TwinAt(stream.audio, path);
-    return m_catalogue.Automatic() && twin != nullptr && twin->filterPath == path && IsAutomatic(*twin, value);
+    return twin != nullptr && twin->filterPath == path && IsAutomatic(*twin, value);
 }
 
 std::string Violation::Text() const {
@@ -225,6 +228,8 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
         violations.push_back({JoinPath(stream.path, filter), "", "missing; the codec requires this filter",
                               governance.CodecLabel(stream), "", false});
     }
+    // Where the two sides disagree, fix takes the codec's value: the rules judge it too, below.
+    std::vector<const Twin*> disagreeing;
     for (const Twin& twin : Twins()) {
         if (twin.audio != stream.audio || !twin.keptInStep) {
             continue;
@@ -233,6 +238,7 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
         const Core::Property* filter = stream.node->FindChildByPath(twin.filterPath);
         if (codec != nullptr && filter != nullptr && *codec != *filter &&
             !governance.IsAutomaticChoice(stream, twin.filterPath, *filter)) {
+            disagreeing.push_back(&twin);
             violations.push_back({JoinPath(stream.path, twin.filterPath), DisplayValue(*filter),
                                   "must equal " + JoinPath(stream.path, twin.codecPath) + " = " + DisplayValue(*codec) +
                                       "; both hold the same quantity",
@@ -284,19 +290,14 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
                                            result.detail + ")");
         }
     }
-    // Where the two sides disagree, fix takes the codec's value: the rules judge it too.
-    Core::Property codecView = view;
-    std::vector<const Twin*> disagreeing;
-    for (const Twin& twin : Twins()) {
-        const Core::Property* codec = stream.node->FindChildByPath(twin.codecPath);
-        const Core::Property* filter = stream.node->FindChildByPath(twin.filterPath);
-        if (twin.audio == stream.audio && twin.keptInStep && codec != nullptr && filter != nullptr &&
-            *codec != *filter && !governance.IsAutomaticChoice(stream, twin.filterPath, *filter)) {
-            SetAt(codecView, twin.filterPath, *codec);
-            disagreeing.push_back(&twin);
-        }
+    if (disagreeing.empty()) {
+        return violations;
     }
-    for (const RuleSite& site : disagreeing.empty() ? std::vector<RuleSite>() : governance.StreamRules(stream)) {
+    Core::Property codecView = view;
+    for (const Twin* twin : disagreeing) {
+        SetAt(codecView, twin->filterPath, stream.node->ChildByPath(twin->codecPath));
+    }
+    for (const RuleSite& site : governance.StreamRules(stream)) {
         const Conf::IValidationRule& rule = *site.rule;
         const std::string firstPath = rule.GetFirstPath();
         if (rule.GetFirstConstraint() && !firstPath.empty() && codecView.FindChildByPath(firstPath) == nullptr) {
