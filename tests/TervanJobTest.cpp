@@ -198,6 +198,24 @@ TEST_F(TervanJob, CheckJudgesTheCodecSideWhereTheSidesDisagree) {
         << checked.out;
 }
 
+TEST_F(TervanJob, TheFormatFixesItsContainerAndLimits) {
+    Json document = Run("new mp4").Document();
+    document["format"]["container"] = "avi";
+    document["format"]["limits"]["video"] = 99;
+    const fs::path job = Write("avi.json", document.dump());
+    const Outcome checked = Run("check " + job.string());
+    EXPECT_EQ(checked.status, 1);
+    EXPECT_EQ(checked.out,
+              "container = \"avi\": must be \"mp4\", as the format has it [format mp4]\n"
+              "limits/video = 99: must be 1, as the format has it [format mp4]\n2 violations\n");
+    const Outcome fixed = Run("fix " + job.string());
+    EXPECT_EQ(fixed.status, 0);
+    EXPECT_EQ(fixed.err,
+              "changed container: \"avi\" -> \"mp4\" (format mp4: fixed by the format)\n"
+              "changed limits/video: 99 -> 1 (format mp4: fixed by the format)\n"
+              "2 changes; the job is valid\n");
+}
+
 TEST_F(TervanJob, AutomaticJobsAdmitAutomaticValues) {
     const Outcome automaticCodec = Run("new mp4 --auto --audio auto");
     ASSERT_EQ(automaticCodec.status, 0) << automaticCodec.err;

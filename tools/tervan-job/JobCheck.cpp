@@ -98,6 +98,20 @@ Governance::Governance(const Job& job)
       m_format(m_catalogue.Get(Catalogue::FORMAT, job.formatName, JobKeys::FORMAT_NAME)),
       m_formatLabel(HelperLabel(Catalogue::FORMAT, job.formatName)) {}
 
+std::vector<std::pair<std::string, Core::Property>> Governance::FixedSettings() const {
+    const Core::Property defaults = m_format->GetDefaults();
+    std::vector<std::pair<std::string, Core::Property>> fixed;
+    if (const Core::Property* container = defaults.FindChild(Conf::IFormatFile::TAG_CONTAINER)) {
+        fixed.emplace_back(Conf::IFormatFile::TAG_CONTAINER, *container);
+    }
+    if (const Core::Property* limits = defaults.FindChild(Conf::IFormatFile::TAG_LIMITS)) {
+        for (const Core::Property& limit : *limits) {
+            fixed.emplace_back(JoinPath(Conf::IFormatFile::TAG_LIMITS, limit.GetName()), limit);
+        }
+    }
+    return fixed;
+}
+
 Conf::DataHelperPtr Governance::Codec(const StreamRef& stream) const {
     return m_catalogue.Codec(stream.audio, stream.CodecId(),
                              JoinPath(JoinPath(stream.path, stream.CodecKey()), Conf::IFormatCodec::TAG_CODEC_ID));
@@ -325,6 +339,14 @@ std::vector<Violation> CheckJob(Job& job, bool strict) {
         if (value != nullptr && !Admits(*site.constraint, *value, site.path)) {
             violations.push_back(
                 {site.path, DisplayValue(*value), ConstraintText(*site.constraint, site.name), site.source, "", false});
+        }
+    }
+    for (const auto& [path, expected] : governance.FixedSettings()) {
+        const Core::Property* value = job.settings.FindChildByPath(path);
+        if (value == nullptr || *value != expected) {
+            violations.push_back({path, value != nullptr ? DisplayValue(*value) : "",
+                                  "must be " + DisplayValue(expected) + ", as the format has it",
+                                  governance.FormatLabel(), "", false});
         }
     }
     const Core::Property defaults = governance.Format()->GetDefaults();

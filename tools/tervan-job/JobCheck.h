@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Tervan::Job {
@@ -43,6 +44,9 @@ public:
 
     // Paths from the settings root. Fallbacks cost a copy of the helper's defaults;
     // only repairs need them.
+    // The settings the format fixes, from the settings root: its container identifier and
+    // its stream limits, as its defaults hold them.
+    std::vector<std::pair<std::string, Core::Property>> FixedSettings() const;
     // With stream, sites in other streams are left out.
     std::vector<ConstraintSite> FormatSites(Job& job, bool withFallbacks = true,
                                             const StreamRef* stream = nullptr) const;

@@ -408,6 +408,13 @@ void JobEditor::FixRules(const StreamRef& stream) {
 
 void JobEditor::FixFormatSettings() {
     RecordAt(m_job.settings, "", [&](Reasons& reasons) {
+        for (const auto& [path, expected] : m_governance.FixedSettings()) {
+            const Core::Property* value = m_job.settings.FindChildByPath(path);
+            if (value == nullptr || *value != expected) {
+                SetAt(m_job.settings, path, expected);
+                reasons[path] = m_governance.FormatLabel() + ": fixed by the format";
+            }
+        }
         for (const ConstraintSite& site : m_governance.FormatSites(m_job)) {
             Core::Property* value = Find(m_job.settings, site.path);
             if (value == nullptr || Admits(*site.constraint, *value, site.path)) {
