@@ -192,6 +192,10 @@ TEST(CodecBase, PresetErrors) {
     EXPECT_THROW(mpeg4->ApplyPresetSettings(Preset(V::CODEC_ID_MPEG4, C::TAG_BITRATE_MODE_CBR), noFrame),
                  Core::PropertyException);
     EXPECT_THROW(mpeg4->ApplyPresetSettings(Preset(V::CODEC_ID_MPEG4, "abr"), noFrame), Core::PropertyException);
+
+    Core::Property wordy = Preset(V::CODEC_ID_MPEG4, C::TAG_BITRATE_MODE_CBR);
+    wordy.SetChildT(V::TAG_BITS_PER_PIXEL, std::string("many"));
+    EXPECT_THROW(mpeg4->ApplyPresetSettings(wordy, out), Core::PropertyException);
 }
 
 TEST(CodecBase, BitrateCorrectionFallsBackToDefaults) {

@@ -126,8 +126,9 @@ void ApplyVideoPreset(const Core::Property& preset, Core::Property& out, const s
     } else {
         BOOST_THROW_EXCEPTION(HelperError("Unknown bitrate mode"));
     }
-    out.SetChildT(IFormatCodecVideo::TAG_BITS_PER_PIXEL, 0LL);
-    CopyIfPresent(preset, out, IFormatCodecVideo::TAG_BITS_PER_PIXEL);
+    // Read as an integer, so that a preset cannot put a value of another type in the tree.
+    const Core::Property* bitsPerPixel = preset.FindChild(IFormatCodecVideo::TAG_BITS_PER_PIXEL);
+    out.SetChildT(IFormatCodecVideo::TAG_BITS_PER_PIXEL, bitsPerPixel != nullptr ? bitsPerPixel->GetInt64() : 0LL);
 }
 
 void ApplyAudioPreset(const Core::Property& preset, Core::Property& out, const std::string& codecId) {
