@@ -269,7 +269,8 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
         }
     }
     const Core::Property view = RuleView(*stream.node, stream.audio);
-    for (const RuleSite& site : governance.StreamRules(stream)) {
+    const std::vector<RuleSite> rules = governance.StreamRules(stream);
+    for (const RuleSite& site : rules) {
         const Conf::IValidationRule& rule = *site.rule;
         const std::string firstPath = rule.GetFirstPath();
         if (rule.GetFirstConstraint() && !firstPath.empty() && view.FindChildByPath(firstPath) == nullptr) {
@@ -311,7 +312,7 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
     for (const Twin* twin : disagreeing) {
         SetAt(codecView, twin->filterPath, stream.node->ChildByPath(twin->codecPath));
     }
-    for (const RuleSite& site : governance.StreamRules(stream)) {
+    for (const RuleSite& site : rules) {
         const Conf::IValidationRule& rule = *site.rule;
         const std::string firstPath = rule.GetFirstPath();
         if (rule.GetFirstConstraint() && !firstPath.empty() && codecView.FindChildByPath(firstPath) == nullptr) {
