@@ -57,7 +57,7 @@ constexpr std::array<SampleFmtRecord, 12> kSampleFormats = {{
 }};
 
 [[noreturn]] void ThrowUnknown(const std::string& what) {
-    BOOST_THROW_EXCEPTION(Core::AddStack(FormatException() << Exception::TagDescription(what)));
+    BOOST_THROW_EXCEPTION(Core::Described<FormatException>(what));
 }
 
 template <class Table, class Predicate>

@@ -45,5 +45,14 @@ const E& AddStack(const E& e) {
     return e;
 }
 
+// An E with this description and the calling thread's stack, to be thrown where it is
+// made (BOOST_THROW_EXCEPTION records that place).
+template <class E>
+E Described(const std::string& description) {
+    E e;
+    e << Exception::TagDescription(description);
+    return AddStack(e);
+}
+
 }  // namespace Core
 }  // namespace Tervan

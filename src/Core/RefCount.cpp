@@ -92,15 +92,20 @@ RefCountImpl::~RefCountImpl() {
     }
 }
 
-void RefCountImpl::AddRefImpl() const noexcept {
-    if (m_slot >= 0) {
-        if (std::atomic<long>* count = m_collector->Count(m_slot)) {
-            // Only this thread writes its tally: no read-modify-write is needed.
-            count->store(count->load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
-            return;
-        }
+bool RefCountImpl::CountInTally(long change) const noexcept {
+    std::atomic<long>* count = m_slot >= 0 ? m_collector->Count(m_slot) : nullptr;
+    if (count == nullptr) {
+        return false;
     }
-    m_count.fetch_add(1, std::memory_order_relaxed);
+    // Only this thread writes its tally: no read-modify-write is needed.
+    count->store(count->load(std::memory_order_relaxed) + change, std::memory_order_relaxed);
+    return true;
+}
+
+void RefCountImpl::AddRefImpl() const noexcept {
+    if (!CountInTally(1)) {
+        m_count.fetch_add(1, std::memory_order_relaxed);
+    }
 }
 
 long RefCountImpl::GetRefCountImpl() const noexcept {
@@ -108,13 +113,12 @@ long RefCountImpl::GetRefCountImpl() const noexcept {
 }
 
 void RefCountImpl::ReleaseImpl() const noexcept {
+    if (CountInTally(-1)) {
+        return;
+    }
     // The owner's reference keeps a frozen object alive until Thaw.
     if (m_slot >= 0) {
-        if (std::atomic<long>* count = m_collector->Count(m_slot)) {
-            count->store(count->load(std::memory_order_relaxed) - 1, std::memory_order_relaxed);
-        } else {
-            m_count.fetch_sub(1, std::memory_order_relaxed);
-        }
+        m_count.fetch_sub(1, std::memory_order_relaxed);
         return;
     }
     // acq_rel: every write made through other references happens before the delete.

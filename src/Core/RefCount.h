@@ -43,6 +43,10 @@ protected:
 private:
     friend class FrozenObjects;
 
+    // Adds change to this thread's tally of a frozen object; false when the object is not
+    // frozen or the thread's tallies are gone, and the count itself must take it.
+    bool CountInTally(long change) const noexcept;
+
     mutable std::atomic<long> m_count;
     // While frozen, the object's place in every thread's tally; -1 otherwise. Set
     // only while no other thread can reach the object: see FrozenObjects.

@@ -12,10 +12,6 @@ namespace {
 // Exact arithmetic: with every term within MAX_TERM, products of four stay below 2^63.
 using Ratio = boost::rational<long long>;
 
-[[noreturn]] void ThrowProcError(const std::string& description) {
-    BOOST_THROW_EXCEPTION(Core::AddStack(ProcException() << Exception::TagDescription(description)));
-}
-
 Ratio PixelShape(long long x, long long y) {
     return x > 0 && y > 0 ? Ratio(x, y) : Ratio(1);
 }
@@ -47,16 +43,16 @@ Conf::FrameInfo Fit(const Ratio& r, long long boxWidth, long long boxHeight, con
 
 int SettingsResizer::Term(long long value, const char* what) {
     if (value > MAX_TERM || value < -MAX_TERM) {
-        ThrowProcError(std::string(what) + " out of range: " + std::to_string(value) + ", at most " +
-                       std::to_string(MAX_TERM));
+        BOOST_THROW_EXCEPTION(Core::Described<ProcException>(
+            std::string(what) + " out of range: " + std::to_string(value) + ", at most " + std::to_string(MAX_TERM)));
     }
     return static_cast<int>(value);
 }
 
 Conf::FrameInfo SettingsResizer::GetOutputFrameSize(const Conf::FrameInfo& source) const {
     if (source.width <= 0 || source.height <= 0) {
-        ThrowProcError("The source frame has no size: " + std::to_string(source.width) + "x" +
-                       std::to_string(source.height));
+        BOOST_THROW_EXCEPTION(Core::Described<ProcException>(
+            "The source frame has no size: " + std::to_string(source.width) + "x" + std::to_string(source.height)));
     }
     for (const auto& [value, what] : {std::pair<long long, const char*>{source.width, "source width"},
                                       {source.height, "source height"},

@@ -39,6 +39,10 @@ std::optional<Core::Property> ValueAt(const Core::Property& root, const std::str
 
 }  // namespace
 
+bool ConcernsStream(const Conf::IValidationRule& rule, const Core::Property& view) {
+    return !rule.GetFirstConstraint() || view.FindChildByPath(rule.GetFirstPath()) != nullptr;
+}
+
 std::string RuleCondition(const Conf::IValidationRule& rule) {
     const auto first = rule.GetFirstConstraint();
     const std::string path = rule.GetFirstPath();
@@ -272,9 +276,8 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
     const std::vector<RuleSite> rules = governance.StreamRules(stream);
     for (const RuleSite& site : rules) {
         const Conf::IValidationRule& rule = *site.rule;
-        const std::string firstPath = rule.GetFirstPath();
-        if (rule.GetFirstConstraint() && !firstPath.empty() && view.FindChildByPath(firstPath) == nullptr) {
-            continue;  // the rule concerns another kind of stream
+        if (!ConcernsStream(rule, view)) {
+            continue;
         }
         const Conf::ValidationRuleCheck result = Conf::ValidationRuleCheck::EvaluateVerdict(rule, view);
         // Report where the job holds the value: a side filled only for the rules is the codec's.
@@ -314,8 +317,7 @@ std::vector<Violation> CheckStream(const Governance& governance, const StreamRef
     }
     for (const RuleSite& site : rules) {
         const Conf::IValidationRule& rule = *site.rule;
-        const std::string firstPath = rule.GetFirstPath();
-        if (rule.GetFirstConstraint() && !firstPath.empty() && codecView.FindChildByPath(firstPath) == nullptr) {
+        if (!ConcernsStream(rule, codecView)) {
             continue;
         }
         const Conf::ValidationRuleCheck result = Conf::ValidationRuleCheck::EvaluateVerdict(rule, codecView);
@@ -342,7 +344,8 @@ std::vector<Violation> CheckJob(Job& job, bool strict) {
                 {site.path, DisplayValue(*value), ConstraintText(*site.constraint, site.name), site.source, "", false});
         }
     }
-    for (const auto& [path, expected] : governance.FixedSettings()) {
+    const auto fixed = governance.FixedSettings();
+    for (const auto& [path, expected] : fixed) {
         const Core::Property* value = job.settings.FindChildByPath(path);
         if (value == nullptr || *value != expected) {
             violations.push_back({path, value != nullptr ? DisplayValue(*value) : "",
@@ -350,13 +353,15 @@ std::vector<Violation> CheckJob(Job& job, bool strict) {
                                   governance.FormatLabel(), "", false});
         }
     }
-    const Core::Property defaults = governance.Format()->GetDefaults();
     std::map<std::string, long long> counts;
     for (const StreamRef& stream : Streams(job)) {
         ++counts[stream.audio ? Conf::IFormatFile::TAG_LIMITS_AUDIO : Conf::IFormatFile::TAG_LIMITS_VIDEO];
     }
     for (const auto& [kind, count] : counts) {
-        const Core::Property* limit = defaults.FindChildByPath(JoinPath(Conf::IFormatFile::TAG_LIMITS, kind));
+        const std::string path = JoinPath(Conf::IFormatFile::TAG_LIMITS, kind);
+        const auto entry =
+            std::find_if(fixed.begin(), fixed.end(), [&path](const auto& setting) { return setting.first == path; });
+        const Core::Property* limit = entry != fixed.end() ? &entry->second : nullptr;
         if (limit != nullptr && limit->GetType() == TYPE_INT64 && count > limit->GetInt64()) {
             violations.push_back(
                 {IPreset::KEY_STREAMS, std::to_string(count) + " " + kind + " streams",

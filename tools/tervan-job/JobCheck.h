@@ -82,6 +82,9 @@ struct Violation {
 
 // "when video_codec/codec_id is mpeg2video", or empty for a rule tied to no other setting.
 std::string RuleCondition(const Conf::IValidationRule& rule);
+// Whether rule concerns the stream seen as view: one tied to a setting the stream lacks
+// is about another kind of stream.
+bool ConcernsStream(const Conf::IValidationRule& rule, const Core::Property& view);
 
 // Judges one value; a value of the wrong type is an InputError naming path.
 bool Admits(const Conf::IPropertyConstraint& constraint, const Core::Property& value, const std::string& path);

@@ -378,8 +378,7 @@ void JobEditor::FixRules(const StreamRef& stream) {
         for (const RuleSite& site : rules) {
             const Conf::IValidationRule& rule = *site.rule;
             const Core::Property view = RuleView(*stream.node, stream.audio);
-            const std::string firstPath = rule.GetFirstPath();
-            if (rule.GetFirstConstraint() && !firstPath.empty() && view.FindChildByPath(firstPath) == nullptr) {
+            if (!ConcernsStream(rule, view)) {
                 continue;
             }
             const Conf::ValidationRuleCheck result = Conf::ValidationRuleCheck::EvaluateVerdict(rule, view);

@@ -60,10 +60,6 @@ const std::string* const kResamplerTags[] = {&IFormatCodecAudio::TAG_SAMPLE_RATE
 const std::string* const kBitrateTags[] = {&IFormatCodec::TAG_BITRATE_MODE, &IFormatCodec::TAG_BITRATE,
                                            &IFormatCodec::TAG_QUALITY};
 
-HelperException HelperError(const std::string& description) {
-    return Core::AddStack(HelperException() << Exception::TagDescription(description));
-}
-
 void CopyTyped(const Core::Property& from, Core::Property& to, const CopiedSetting& setting) {
     const Core::Property& value = from[*setting.tag];
     switch (setting.type) {
@@ -114,7 +110,7 @@ void ApplyVideoPreset(const Core::Property& preset, Core::Property& out, const s
     } else if (mode == IFormatCodec::TAG_BITRATE_MODE_VBR) {
         out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, mode);
         if (!preset.ChildExists(IFormatCodec::TAG_QUALITY)) {
-            BOOST_THROW_EXCEPTION(HelperError("Quality is required for VBR bitrate mode"));
+            BOOST_THROW_EXCEPTION(Core::Described<HelperException>("Quality is required for VBR bitrate mode"));
         }
         const long long quality = preset[IFormatCodec::TAG_QUALITY].GetInt64();
         out.SetChildT(IFormatCodec::TAG_QUALITY, quality);
@@ -124,7 +120,7 @@ void ApplyVideoPreset(const Core::Property& preset, Core::Property& out, const s
         out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, IFormatCodec::TAG_BITRATE_MODE_CBR);
         out.SetChildT(IFormatCodec::TAG_BITRATE, defaultBitrate(-1));
     } else {
-        BOOST_THROW_EXCEPTION(HelperError("Unknown bitrate mode"));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>("Unknown bitrate mode"));
     }
     // Read as an integer, so that a preset cannot put a value of another type in the tree.
     const Core::Property* bitsPerPixel = preset.FindChild(IFormatCodecVideo::TAG_BITS_PER_PIXEL);
@@ -144,7 +140,7 @@ void ApplyAudioPreset(const Core::Property& preset, Core::Property& out, const s
         // The bitrate is left to correction.
         out.SetChildT(IFormatCodec::TAG_BITRATE_MODE, IFormatCodec::TAG_BITRATE_MODE_CBR);
     } else {
-        BOOST_THROW_EXCEPTION(HelperError("Unknown bitrate mode"));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>("Unknown bitrate mode"));
     }
 }
 
@@ -242,15 +238,15 @@ void DataHelperCodecFFMPEG::GetConstraints(Constraints& out) const {
 void DataHelperCodecFFMPEG::ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const {
     const std::string& presetCodecId = preset[IFormatCodec::TAG_CODEC_ID].GetString();
     if (presetCodecId != m_codecId) {
-        BOOST_THROW_EXCEPTION(
-            HelperError("Incompatible preset codec id: " + presetCodecId + ", required " + m_codecId));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>("Incompatible preset codec id: " + presetCodecId +
+                                                               ", required " + m_codecId));
     }
     if (m_mediaType == MEDIA_TYPE_VIDEO) {
         ApplyVideoPreset(preset, out, m_codecId);
     } else if (m_mediaType == MEDIA_TYPE_AUDIO) {
         ApplyAudioPreset(preset, out, m_codecId);
     } else {
-        BOOST_THROW_EXCEPTION(HelperError("Unknown stream type"));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>("Unknown stream type"));
     }
     const Core::Property* options = preset.FindChild(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE);
     if (options != nullptr && options->Count() > 0) {
@@ -275,7 +271,7 @@ void DataHelperCodecFFMPEG::CorrectFormatCodec(Core::Property& settings) const {
         CorrectAudioResamplerSettings(settings);
         CorrectBitrate(settings);
     } else {
-        BOOST_THROW_EXCEPTION(HelperError("Unknown stream type"));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>("Unknown stream type"));
     }
 }
 

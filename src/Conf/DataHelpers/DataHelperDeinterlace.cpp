@@ -32,9 +32,8 @@ void DataHelperDeinterlace::ApplyPresetSettings(const Core::Property& preset, Co
     const long long numerator = rate.numerator();
     if (rate.denominator() % 2 != 0 && (numerator > std::numeric_limits<long long>::max() / 2 ||
                                         numerator < std::numeric_limits<long long>::min() / 2)) {
-        BOOST_THROW_EXCEPTION(Core::AddStack(HelperException() << Exception::TagDescription(
-                                                 "Frame rate too high to double: " + std::to_string(numerator) + "/" +
-                                                 std::to_string(rate.denominator()))));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>(
+            "Frame rate too high to double: " + std::to_string(numerator) + "/" + std::to_string(rate.denominator())));
     }
     out.SetChildT(IFormatCodecVideo::TAG_FPS, rate * 2);
 }

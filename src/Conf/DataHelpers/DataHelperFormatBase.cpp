@@ -17,10 +17,6 @@ namespace {
 const char* const kNoVideoCodecs = "Video codecs constraint is not set";
 const char* const kNoAudioCodecs = "Audio codecs constraint is not set";
 
-HelperException HelperError(const std::string& description) {
-    return Core::AddStack(HelperException() << Exception::TagDescription(description));
-}
-
 // The default is not stored: the constraint writes it into any value it rejects.
 std::string DefaultCodec(const IPropertyConstraint& codecs) {
     Core::Property value{std::string(), std::string()};
@@ -37,11 +33,11 @@ DataHelperFormatBase::~DataHelperFormatBase() = default;
 boost::intrusive_ptr<const IPropertyConstraint> DataHelperFormatBase::SetCodecConstraint(
     const std::vector<std::string>& codecs, const std::string& defaultCodec) {
     if (codecs.empty()) {
-        BOOST_THROW_EXCEPTION(HelperError("List of available codecs is empty"));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>("List of available codecs is empty"));
     }
     if (std::find(codecs.begin(), codecs.end(), defaultCodec) == codecs.end()) {
-        BOOST_THROW_EXCEPTION(
-            HelperError("Default codec " + defaultCodec + " is not presented in list of avalible codecs"));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>("Default codec " + defaultCodec +
+                                                               " is not presented in list of avalible codecs"));
     }
     return ConstraintCodecs::Create(CreatePairValueList(codecs), defaultCodec);
 }
@@ -56,28 +52,28 @@ void DataHelperFormatBase::SetAudioCodecs(const std::vector<std::string>& codecs
 
 boost::intrusive_ptr<const IPropertyConstraint> DataHelperFormatBase::VideoCodecsConstraint() const {
     if (!m_videoCodecs) {
-        BOOST_THROW_EXCEPTION(HelperError(kNoVideoCodecs));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>(kNoVideoCodecs));
     }
     return m_videoCodecs;
 }
 
 boost::intrusive_ptr<const IPropertyConstraint> DataHelperFormatBase::AudioCodecsConstraint() const {
     if (!m_audioCodecs) {
-        BOOST_THROW_EXCEPTION(HelperError(kNoAudioCodecs));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>(kNoAudioCodecs));
     }
     return m_audioCodecs;
 }
 
 std::string DataHelperFormatBase::DefaultVideoCodec() const {
     if (!m_videoCodecs) {
-        BOOST_THROW_EXCEPTION(HelperError(kNoVideoCodecs));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>(kNoVideoCodecs));
     }
     return DefaultCodec(*m_videoCodecs);
 }
 
 std::string DataHelperFormatBase::DefaultAudioCodec() const {
     if (!m_audioCodecs) {
-        BOOST_THROW_EXCEPTION(HelperError(kNoAudioCodecs));
+        BOOST_THROW_EXCEPTION(Core::Described<HelperException>(kNoAudioCodecs));
     }
     return DefaultCodec(*m_audioCodecs);
 }
