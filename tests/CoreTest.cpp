@@ -150,15 +150,30 @@ TEST(FrozenObjects, CountsStayExactAndNothingDiesUntilThawed) {
     EXPECT_EQ(destroyed, 3);
 }
 
-// Each thread counts in a tally of its own; a reference may be taken on one thread
-// and given back on another, and a thread's tally joins the count when it ends.
-TEST(FrozenObjects, ThreadsCountApartAndTheSumIsTheCount) {
+// One object built while collecting, then frozen; once thawed, its owner's reference
+// must be the only one left, and giving it back must destroy it.
+class FrozenShared : public ::testing::Test {
+protected:
+    FrozenShared() {
+        frozen.Collect();
+        shared.reset(new Counted(&destroyed));
+        frozen.Freeze();
+    }
+    void TearDown() override {
+        frozen.Thaw();
+        EXPECT_EQ(shared->GetRefCount(), 1);
+        shared.reset();
+        EXPECT_EQ(destroyed, 1);
+    }
+
     int destroyed = 0;
     Tervan::FrozenObjects frozen;
-    frozen.Collect();
-    boost::intrusive_ptr<const ICounted> shared(new Counted(&destroyed));
-    frozen.Freeze();
+    boost::intrusive_ptr<const ICounted> shared;
+};
 
+// Each thread counts in a tally of its own; a reference may be taken on one thread
+// and given back on another, and a thread's tally joins the count when it ends.
+TEST_F(FrozenShared, ThreadsCountApartAndTheSumIsTheCount) {
     constexpr int kThreads = 4;
     constexpr int kTaken = 1000;
     std::mutex mutex;
@@ -197,20 +212,11 @@ TEST(FrozenObjects, ThreadsCountApartAndTheSumIsTheCount) {
         shared->Release();
     }
     EXPECT_EQ(shared->GetRefCount(), 1);
-    frozen.Thaw();
-    EXPECT_EQ(shared->GetRefCount(), 1);
-    shared.reset();
-    EXPECT_EQ(destroyed, 1);
 }
 
 // A thread's own thread-local holders may outlive its tallies; what they give back
 // as the thread ends still counts.
-TEST(FrozenObjects, ReferencesGivenBackAsAThreadEndsStillCount) {
-    int destroyed = 0;
-    Tervan::FrozenObjects frozen;
-    frozen.Collect();
-    boost::intrusive_ptr<const ICounted> shared(new Counted(&destroyed));
-    frozen.Freeze();
+TEST_F(FrozenShared, ReferencesGivenBackAsAThreadEndsStillCount) {
     std::thread([&] {
         // Made before the thread's first reference, so it ends after the thread's tallies.
         thread_local boost::intrusive_ptr<const ICounted> holder;
@@ -218,9 +224,6 @@ TEST(FrozenObjects, ReferencesGivenBackAsAThreadEndsStillCount) {
         EXPECT_EQ(shared->GetRefCount(), 2);
     }).join();
     EXPECT_EQ(shared->GetRefCount(), 1);
-    frozen.Thaw();
-    shared.reset();
-    EXPECT_EQ(destroyed, 1);
 }
 
 TEST(FrozenObjects, CollectsOnlyTheCollectingThread) {

@@ -579,59 +579,45 @@ TEST_F(TervanJob, AppliesAPresetThroughTheHelpers) {
     EXPECT_EQ(one.Document()["format"]["streams"]["0"], Json::parse(Slurp(job))["format"]["streams"]["0"]);
     EXPECT_EQ(one.Document()["format"]["streams"]["1"]["audio_codec"]["codec_id"], "aac");
 
-    struct Case {
-        std::string arguments;
-        std::string message;
-    };
-    const Case refused[] = {
-        {"apply " + preset + " " + job.string() + " --stream 7", "tervan-job: --stream: the job has no stream 7"},
-        {"apply " +
-             Write("vbr.json", R"({"format": {"streams": {"0": {"type": "video",
-              "video_codec": {"codec_id": "h264", "bitrate_mode": "vbr"}}}}})")
-                 .string() +
-             " " + job.string(),
-         "streams/0: Quality is required for VBR bitrate mode"},
-        {"apply " +
-             Write("filter.json", R"({"format": {"streams": {"0": {"type": "video", "audio_resample": {}}}}})")
-                 .string() +
-             " " + job.string(),
-         "streams/0/audio_resample: unknown filter; video streams of a preset hold video_codec and the filters"},
-        {"apply " +
-             Write("width.json", R"({"format": {"streams": {"0": {"type": "video",
-              "resize": {"resizer": {"width": "x"}}}}}})")
-                 .string() +
-             " " + job.string(),
-         "streams/0/resize/resizer/width: expected an integer, found a string \"x\""},
-        {"apply " +
-             Write("bitrate.json", R"({"format": {"streams": {"0": {"type": "video",
-              "video_codec": {"codec_id": "h264", "bitrate_mode": "cbr", "bitrate": "x"}}}}})")
-                 .string() +
-             " " + job.string(),
-         "streams/0/video_codec/bitrate: expected an integer, found a string \"x\""},
-    };
-    for (const Case& c : refused) {
-        SCOPED_TRACE(c.arguments);
-        ExpectRefused(Run(c.arguments), c.message);
-    }
+    ExpectRefused(Run("apply " + preset + " " + job.string() + " --stream 7"),
+                  "tervan-job: --stream: the job has no stream 7");
 
+    // A preset of one video stream, given the members after its type.
+    const auto videoPreset = [this](const std::string& members) {
+        return Write("preset.json", R"({"format": {"streams": {"0": {"type": "video", )" + members + "}}}}");
+    };
     // Values no real job holds end in a refusal, not in arithmetic that overflows.
     Json absurd = Json::parse(Slurp(job));
-    absurd["format"]["streams"]["0"]["video_codec"]["frame_rate"] = Json{{"$rational", {4611686018427387904LL, 1}}};
-    absurd["format"]["streams"]["0"]["frame_rate_filter"]["frame_rate"] =
-        absurd["format"]["streams"]["0"]["video_codec"]["frame_rate"];
+    Json& absurdVideo = absurd["format"]["streams"]["0"];
+    absurdVideo["video_codec"]["frame_rate"] = Json{{"$rational", {4611686018427387904LL, 1}}};
+    absurdVideo["frame_rate_filter"]["frame_rate"] = absurdVideo["video_codec"]["frame_rate"];
     const fs::path absurdJob = Write("absurd.json", absurd.dump());
-    const fs::path deinterlace = Write("deinterlace.json", R"({"format": {"streams": {"0": {"type": "video",
-        "deinterlace": {"deinterlacer": {"type": "yadif_field"}}}}}})");
-    ExpectRefused(Run("apply " + deinterlace.string() + " " + absurdJob.string()),
-                  "streams/0: Frame rate too high to double: 4611686018427387904/1");
-    const fs::path aspect = Write("aspect.json", R"({"format": {"streams": {"0": {"type": "video",
-        "resize": {"resizer": {"aspect_x": -2147483648, "aspect_y": -1}}}}}})");
-    ExpectRefused(Run("apply " + aspect.string() + " " + job.string()),
-                  "streams/0: aspect out of range: -2147483648, at most 32768");
+    struct Case {
+        const char* members;  // of the preset's video stream
+        const fs::path& job;
+        const char* message;
+    };
+    const Case refused[] = {
+        {R"("video_codec": {"codec_id": "h264", "bitrate_mode": "vbr"})", job,
+         "streams/0: Quality is required for VBR bitrate mode"},
+        {R"("audio_resample": {})", job,
+         "streams/0/audio_resample: unknown filter; video streams of a preset hold video_codec and the filters"},
+        {R"("resize": {"resizer": {"width": "x"}})", job,
+         "streams/0/resize/resizer/width: expected an integer, found a string \"x\""},
+        {R"("video_codec": {"codec_id": "h264", "bitrate_mode": "cbr", "bitrate": "x"})", job,
+         "streams/0/video_codec/bitrate: expected an integer, found a string \"x\""},
+        {R"("deinterlace": {"deinterlacer": {"type": "yadif_field"}})", absurdJob,
+         "streams/0: Frame rate too high to double: 4611686018427387904/1"},
+        {R"("resize": {"resizer": {"aspect_x": -2147483648, "aspect_y": -1}})", job,
+         "streams/0: aspect out of range: -2147483648, at most 32768"},
+    };
+    for (const Case& c : refused) {
+        SCOPED_TRACE(c.members);
+        ExpectRefused(Run("apply " + videoPreset(c.members).string() + " " + c.job.string()), c.message);
+    }
 
     // A preset may name only some of a filter's settings; the job keeps the rest.
-    const fs::path partial = Write("partial.json", R"({"format": {"streams": {"0": {"type": "video",
-        "resize": {"resizer": {"width": 1280, "height": 720}}}}}})");
+    const fs::path partial = videoPreset(R"("resize": {"resizer": {"width": 1280, "height": 720}})");
     const Outcome resized = Run("apply " + partial.string() + " " + job.string());
     ASSERT_EQ(resized.status, 0) << resized.err;
     const Json resizer = resized.Document()["format"]["streams"]["0"]["resize"]["resizer"];
