@@ -275,42 +275,55 @@ void DataHelperCodecFFMPEG::CorrectFormatCodec(Core::Property& settings) const {
     }
 }
 
-void DataHelperCodecFFMPEG::CorrectAudioResamplerSettings(Core::Property& settings) const {
-    ValidationRules rules;
-    GetValidationRules(rules);
-    for (const std::string* tag : kResamplerTags) {
-        Core::Property& value = settings[*tag];
-        const auto rule = std::find_if(rules.begin(), rules.end(), [tag](const auto& entry) {
-            return entry.second->GetSecondPath().find(*tag) != std::string::npos;
-        });
-        if (rule == rules.end()) {
-            continue;
+const DataHelperCodecFFMPEG::Consulted& DataHelperCodecFFMPEG::ConsultedLists() const {
+    std::call_once(m_consultedOnce, [this] {
+        Constraints constraints;
+        GetConstraints(constraints);
+        for (const std::string* tag : kBitrateTags) {
+            const auto found = constraints.find(*tag);
+            m_consulted.bitrate.push_back(found != constraints.end() ? found->second : nullptr);
         }
-        if (!rule->second->GetSecondConstraint()->Fixup(value)) {
-            BOOST_THROW_EXCEPTION(std::logic_error("Can't fix value [" + *tag +
-                                                   "] = " + Core::PropertyValueToString(value) + " for encoder [" +
-                                                   m_codecId + "]\n" + Core::GetCallStack()));
+        ValidationRules rules;
+        GetValidationRules(rules);
+        for (const std::string* tag : kResamplerTags) {
+            const auto rule = std::find_if(rules.begin(), rules.end(), [tag](const auto& entry) {
+                return entry.second->GetSecondPath().find(*tag) != std::string::npos;
+            });
+            m_consulted.resampler.push_back(rule != rules.end() ? rule->second->GetSecondConstraint() : nullptr);
+        }
+    });
+    return m_consulted;
+}
+
+void DataHelperCodecFFMPEG::CorrectAudioResamplerSettings(Core::Property& settings) const {
+    const std::vector<ConstraintPtr>& constraints = ConsultedLists().resampler;
+    for (std::size_t i = 0; i < constraints.size(); ++i) {
+        const std::string& tag = *kResamplerTags[i];
+        Core::Property& value = settings[tag];
+        if (constraints[i] && !constraints[i]->Fixup(value)) {
+            BOOST_THROW_EXCEPTION(std::logic_error("Can't fix value [" + tag + "] = " +
+                                                   Core::PropertyValueToString(value) + " for encoder [" + m_codecId +
+                                                   "]\n" + Core::GetCallStack()));
         }
     }
 }
 
 void DataHelperCodecFFMPEG::CorrectBitrate(Core::Property& settings) const {
-    Constraints constraints;
-    GetConstraints(constraints);
+    const std::vector<ConstraintPtr>& constraints = ConsultedLists().bitrate;
     // Most trees need no fallback: the defaults are built only for one that does.
     std::optional<Core::Property> defaults;
-    for (const std::string* tag : kBitrateTags) {
-        if (Core::Property* value = settings.FindChild(*tag)) {
-            const auto constraint = constraints.find(*tag);
-            if (constraint != constraints.end() && constraint->second->Fixup(*value)) {
+    for (std::size_t i = 0; i < constraints.size(); ++i) {
+        const std::string& tag = *kBitrateTags[i];
+        if (Core::Property* value = settings.FindChild(tag)) {
+            if (constraints[i] && constraints[i]->Fixup(*value)) {
                 continue;
             }
         }
         if (!defaults) {
             defaults = GetDefaults();
         }
-        if (const Core::Property* fallback = defaults->FindChild(*tag)) {
-            settings.SetChild(*tag, *fallback);
+        if (const Core::Property* fallback = defaults->FindChild(tag)) {
+            settings.SetChild(tag, *fallback);
         }
     }
 }

@@ -11,6 +11,7 @@
 #include <boost/rational.hpp>
 
 #include <cstddef>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -76,6 +77,14 @@ protected:
     }
 
 private:
+    // What the corrections consult, taken once from this helper's own lists, overrides
+    // included: a correction then looks up three settings instead of building the lists.
+    struct Consulted {
+        std::vector<ConstraintPtr> bitrate;    // per bitrate setting, its constraint or null
+        std::vector<ConstraintPtr> resampler;  // per resampler setting, its rule's constraint or null
+    };
+    const Consulted& ConsultedLists() const;
+
     std::string m_codecId;
     std::string m_encoderName;
     MediaType m_mediaType;
@@ -88,6 +97,8 @@ private:
     ConstraintPtr m_codecIdConstraint;
     ConstraintPtr m_frameRateConstraint;
     ValidationRules m_encoderRules;
+    mutable std::once_flag m_consultedOnce;
+    mutable Consulted m_consulted;
 };
 
 }  // namespace Tervan::Conf
