@@ -301,9 +301,9 @@ void DataHelperCodecFFMPEG::CorrectAudioResamplerSettings(Core::Property& settin
         const std::string& tag = *kResamplerTags[i];
         Core::Property& value = settings[tag];
         if (constraints[i] && !constraints[i]->Fixup(value)) {
-            BOOST_THROW_EXCEPTION(std::logic_error("Can't fix value [" + tag + "] = " +
-                                                   Core::PropertyValueToString(value) + " for encoder [" + m_codecId +
-                                                   "]\n" + Core::GetCallStack()));
+            BOOST_THROW_EXCEPTION(std::logic_error("Can't fix value [" + tag +
+                                                   "] = " + Core::PropertyValueToString(value) + " for encoder [" +
+                                                   m_codecId + "]\n" + Core::GetCallStack()));
         }
     }
 }
