@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <ostream>
 
 using namespace Tervan;
@@ -86,6 +87,12 @@ TEST(SettingsResizer, RefusesTermsBeyondTheExactRange) {
     // The largest terms still give an exact answer.
     EXPECT_EQ(settings.GetOutputFrameSize({kMax, 2, kMax - 1, 1}).width, 640);
     EXPECT_THROW(settings.GetOutputFrameSize({2147483647, 1, 2147483629, 1}), Proc::ProcException);
+    // An automatic shape multiplies three ratios: one beyond the terms is the closest within them.
+    const FrameInfo odd = settings.GetOutputFrameSize({1921, 1081, 32749, 32719});
+    EXPECT_GT(odd.aspectX, 0);
+    EXPECT_LE(std::max(odd.aspectX, odd.aspectY), kMax);
+    EXPECT_NEAR(static_cast<double>(odd.aspectX) / odd.aspectY, 1921.0 * 32749 * 3 / (1081.0 * 32719 * 4), 1e-8);
+    EXPECT_EQ(settings.GetOutputFrameSize({kMax, 1, kMax, 1}).aspectX, kMax) << "clamped, not wrapped";
     settings.aspect = R(1, kMax + 1);
     EXPECT_THROW(settings.GetOutputFrameSize({1920, 1080, 1, 1}), Proc::ProcException);
 }

@@ -26,9 +26,36 @@ long long NearestEven(const Ratio& x) {
     return std::max(2LL, 2 * (halves.numerator() / halves.denominator()));
 }
 
+// The closest ratio with terms within MAX_TERM, so an output can be another resize's
+// source: an automatic shape is a product of three ratios and may exceed them. Walks the
+// convergents of the continued fraction of the positive shape, each closer than the last.
+Ratio WithinTerms(const Ratio& shape) {
+    constexpr long long kMax = SettingsResizer::MAX_TERM;
+    long long num = 1;
+    long long den = 0;
+    long long previousNum = 0;
+    long long previousDen = 1;
+    for (long long n = shape.numerator(), d = shape.denominator(); d != 0;) {
+        const long long whole = n / d;
+        const long long nextNum = whole * num + previousNum;
+        const long long nextDen = whole * den + previousDen;
+        if (nextNum > kMax || nextDen > kMax) {
+            break;
+        }
+        previousNum = std::exchange(num, nextNum);
+        previousDen = std::exchange(den, nextDen);
+        n = std::exchange(d, n - whole * d);
+    }
+    if (den == 0) {
+        return Ratio(kMax);
+    }
+    return num == 0 ? Ratio(1, kMax) : Ratio(num, den);
+}
+
 Conf::FrameInfo Frame(long long width, long long height, const Ratio& shape) {
-    return {static_cast<int>(width), static_cast<int>(height), static_cast<int>(shape.numerator()),
-            static_cast<int>(shape.denominator())};
+    const Ratio bounded = WithinTerms(shape);
+    return {static_cast<int>(width), static_cast<int>(height), static_cast<int>(bounded.numerator()),
+            static_cast<int>(bounded.denominator())};
 }
 
 // The largest frame of width-to-height ratio r inside an even box.
