@@ -10,6 +10,9 @@ boost::intrusive_ptr<const IDataHelper> DataHelperAudioVolume::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperAudioVolume());
 }
 
+// Percent: silence up to twice the source's level.
+DataHelperAudioVolume::DataHelperAudioVolume() : m_volume(ConstraintRange::Create(0LL, 200LL, 0LL)) {}
+
 DataHelperAudioVolume::~DataHelperAudioVolume() = default;
 
 Core::Property DataHelperAudioVolume::GetDefaults() const {
@@ -17,8 +20,7 @@ Core::Property DataHelperAudioVolume::GetDefaults() const {
 }
 
 void DataHelperAudioVolume::GetConstraints(Constraints& out) const {
-    // Percent: silence up to twice the source's level.
-    out[Proc::IFilterAudioVolume::VOLUME_VALUE] = ConstraintRange::Create(0LL, 200LL, 0LL);
+    out[Proc::IFilterAudioVolume::VOLUME_VALUE] = m_volume;
 }
 
 }  // namespace Tervan::Conf

@@ -13,8 +13,11 @@ public:
     void GetConstraints(Constraints& out) const override;
 
 protected:
-    DataHelperAudioVolume() = default;
+    DataHelperAudioVolume();
     ~DataHelperAudioVolume() override;
+
+private:
+    const ConstraintPtr m_volume;
 };
 
 }  // namespace Tervan::Conf

@@ -40,6 +40,8 @@ boost::intrusive_ptr<const IDataHelper> DataHelperVideoResample::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperVideoResample());
 }
 
+DataHelperVideoResample::DataHelperVideoResample() : m_frameRates(ConstraintSet::Create(FrameRates())) {}
+
 DataHelperVideoResample::~DataHelperVideoResample() = default;
 
 Core::Property DataHelperVideoResample::GetDefaults() const {
@@ -47,7 +49,7 @@ Core::Property DataHelperVideoResample::GetDefaults() const {
 }
 
 void DataHelperVideoResample::GetConstraints(Constraints& out) const {
-    out[IFormatCodecVideo::TAG_FPS] = ConstraintSet::Create(FrameRates());
+    out[IFormatCodecVideo::TAG_FPS] = m_frameRates;
 }
 
 void DataHelperVideoResample::ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const {

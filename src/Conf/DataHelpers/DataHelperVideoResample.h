@@ -15,8 +15,11 @@ public:
     void ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const override;
 
 protected:
-    DataHelperVideoResample() = default;
+    DataHelperVideoResample();
     ~DataHelperVideoResample() override;
+
+private:
+    const ConstraintPtr m_frameRates;
 };
 
 }  // namespace Tervan::Conf
