@@ -2,6 +2,8 @@
 
 #include "Conf/ConfException.h"
 
+#include <utility>
+
 namespace Tervan::Conf {
 namespace {
 
@@ -30,10 +32,11 @@ std::string Said(const std::string& path, const Core::Property& value) {
     return path + " is " + Core::PropertyValueToString(value);
 }
 
-ValidationRuleCheck Make(ValidationRuleCheck::Verdict verdict, const std::string& path, std::string detail) {
+// Takes the path and the detail over: a host checking many rules pays for no copies.
+ValidationRuleCheck Make(ValidationRuleCheck::Verdict verdict, std::string&& path, std::string&& detail) {
     ValidationRuleCheck check;
     check.verdict = verdict;
-    check.path = path;
+    check.path = std::move(path);
     check.detail = std::move(detail);
     return check;
 }
@@ -42,7 +45,7 @@ ValidationRuleCheck Run(const IValidationRule& rule, const Core::Property& setti
     using Check = ValidationRuleCheck;
     // Builds the detail line only when asked: a host checking many rules wants verdicts.
     const auto text = [explain](const auto& make) { return explain ? make() : std::string(); };
-    const std::string firstPath = rule.GetFirstPath();
+    std::string firstPath = rule.GetFirstPath();
     const auto firstConstraint = rule.GetFirstConstraint();
     // Why the second setting is asked at all, for the detail line.
     std::string because;
@@ -50,41 +53,47 @@ ValidationRuleCheck Run(const IValidationRule& rule, const Core::Property& setti
     if (firstConstraint) {
         const Core::Property* first = settings.FindChildByPath(firstPath);
         if (first == nullptr) {
-            return Make(Check::MISSING_SETTING, firstPath, text([&] { return "missing setting " + firstPath; }));
+            std::string line = text([&] { return "missing setting " + firstPath; });
+            return Make(Check::MISSING_SETTING, std::move(firstPath), std::move(line));
         }
         std::string detail;
         switch (Judge(*firstConstraint, firstPath, *first, detail)) {
             case Judgement::UNSATISFIED:
-                return Make(Check::HOLDS, firstPath,
-                            text([&] { return "does not apply while " + Said(firstPath, *first); }));
+                detail = text([&] { return "does not apply while " + Said(firstPath, *first); });
+                return Make(Check::HOLDS, std::move(firstPath), std::move(detail));
             case Judgement::WRONG_TYPE:
-                return Make(Check::WRONG_TYPE, firstPath, detail);
+                return Make(Check::WRONG_TYPE, std::move(firstPath), std::move(detail));
             case Judgement::SATISFIED:
                 because = text([&] { return " while " + Said(firstPath, *first); });
                 break;
         }
     }
-    const std::string secondPath = rule.GetSecondPath();
+    std::string secondPath = rule.GetSecondPath();
     const auto secondConstraint = rule.GetSecondConstraint();
     const Core::Property* second = settings.FindChildByPath(secondPath);
+    std::string detail;
     if (second == nullptr) {
-        return Make(Check::MISSING_SETTING, secondPath, text([&] { return "missing setting " + secondPath; }));
+        detail = text([&] { return "missing setting " + secondPath; });
+        return Make(Check::MISSING_SETTING, std::move(secondPath), std::move(detail));
     }
     if (!secondConstraint) {
-        return Make(Check::HOLDS, secondPath, text([&] { return "nothing is required of " + secondPath; }));
+        detail = text([&] { return "nothing is required of " + secondPath; });
+        return Make(Check::HOLDS, std::move(secondPath), std::move(detail));
     }
-    std::string detail;
+    Check::Verdict verdict = Check::BROKEN;
     switch (Judge(*secondConstraint, secondPath, *second, detail)) {
         case Judgement::SATISFIED:
-            return Make(Check::HOLDS, secondPath,
-                        text([&] { return Said(secondPath, *second) + ", as admitted" + because; }));
+            verdict = Check::HOLDS;
+            detail = text([&] { return Said(secondPath, *second) + ", as admitted" + because; });
+            break;
         case Judgement::WRONG_TYPE:
-            return Make(Check::WRONG_TYPE, secondPath, detail);
+            verdict = Check::WRONG_TYPE;
+            break;
         case Judgement::UNSATISFIED:
+            detail = text([&] { return Said(secondPath, *second) + ", not admitted" + because; });
             break;
     }
-    return Make(Check::BROKEN, secondPath,
-                text([&] { return Said(secondPath, *second) + ", not admitted" + because; }));
+    return Make(verdict, std::move(secondPath), std::move(detail));
 }
 
 }  // namespace
