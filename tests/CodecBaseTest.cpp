@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <string>
+#include <thread>
 #include <vector>
 
 using namespace Tervan;
@@ -249,6 +250,37 @@ TEST(CodecBase, ResamplerCorrectionSnapsToTheEncoder) {
     EXPECT_EQ(settings[A::TAG_SAMPLE_RATE].GetInt64(), 16000);
     EXPECT_EQ(settings[A::TAG_SAMPLE_FORMAT].GetString(), "s16");
     EXPECT_EQ(settings[A::TAG_LAYOUT].GetString(), A::TAG_CH_LAYOUT_STEREO);
+}
+
+// A helper takes what its corrections consult on first use: threads correcting at once
+// through a helper that has never corrected must all get the one-thread answer.
+TEST(CodecBase, FirstCorrectionsFromSeveralThreadsAgree) {
+    const auto fresh = PlainCodec::Make(A::CODEC_ID_MP2, MEDIA_TYPE_AUDIO);
+    if (fresh->GetSampleRates().empty()) {
+        GTEST_SKIP() << "no MP2 encoder";
+    }
+    Core::Property broken(IPreset::KEY_FILTER_AUDIO_CODEC);
+    broken.SetChildT(C::TAG_CODEC_ID, A::CODEC_ID_MP2);
+    broken.SetChildT(A::TAG_SAMPLE_RATE, 15000LL);
+    broken.SetChildT(A::TAG_SAMPLE_FORMAT, std::string("dbl"));
+    broken.SetChildT(A::TAG_LAYOUT, A::TAG_CH_LAYOUT_5POINT1);
+    broken.SetChildT(C::TAG_BITRATE_MODE, std::string("none"));
+    broken.SetChildT(C::TAG_BITRATE, 1LL);
+    Core::Property expected = broken;
+    PlainCodec::Make(A::CODEC_ID_MP2, MEDIA_TYPE_AUDIO)->CorrectFormatCodec(expected);
+    ASSERT_NE(expected, broken);
+
+    std::vector<Core::Property> results(4, broken);
+    std::vector<std::thread> threads;
+    for (Core::Property& result : results) {
+        threads.emplace_back([&] { fresh->CorrectFormatCodec(result); });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    for (const Core::Property& result : results) {
+        EXPECT_EQ(result, expected);
+    }
 }
 
 TEST(CodecBase, UnfixableResamplerValueIsALogicError) {
