@@ -68,8 +68,12 @@ protected:
     fs::path m_dir;
 };
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
+// Either way the assertion goes, its message shows the whole text.
+testing::AssertionResult Contains(const std::string& text, const std::string& part) {
+    const bool found = text.find(part) != std::string::npos;
+    return (found ? testing::AssertionSuccess() : testing::AssertionFailure())
+           << "\"" << part << "\" " << (found ? "in" : "not in") << ":\n"
+           << text;
 }
 
 std::vector<std::string> Lines(const std::string& text) {
@@ -84,7 +88,7 @@ std::vector<std::string> Lines(const std::string& text) {
 // A refusal: status 2, nothing on standard output, one line on standard error holding message.
 void ExpectRefused(const Outcome& outcome, const std::string& message) {
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_TRUE(Contains(outcome.err, message)) << outcome.err;
+    EXPECT_TRUE(Contains(outcome.err, message));
     EXPECT_EQ(Lines(outcome.err).size(), 1u);
     EXPECT_TRUE(outcome.out.empty());
 }
@@ -96,7 +100,7 @@ TEST_F(TervanJob, HelpForTheToolAndEveryCommand) {
     EXPECT_EQ(tool.status, 0);
     for (const std::string command : {"list", "new", "check", "fix", "options", "apply"}) {
         SCOPED_TRACE(command);
-        EXPECT_TRUE(Contains(tool.out, "\n  " + command + " ")) << tool.out;
+        EXPECT_TRUE(Contains(tool.out, "\n  " + command + " "));
         const Outcome help = Run(command + " --help");
         EXPECT_EQ(help.status, 0);
         EXPECT_EQ(help.out.rfind("Usage: tervan-job " + command, 0), 0u) << help.out;
@@ -189,13 +193,11 @@ TEST_F(TervanJob, CheckJudgesTheCodecSideWhereTheSidesDisagree) {
     EXPECT_EQ(checked.status, 1);
     EXPECT_TRUE(Contains(checked.out,
                          "streams/1/audio_resample/resampler/sample_rate = 44100: must equal "
-                         "streams/1/audio_codec/sample_rate = 8000"))
-        << checked.out;
+                         "streams/1/audio_codec/sample_rate = 8000"));
     EXPECT_TRUE(Contains(checked.out,
                          "streams/1/audio_codec/sample_rate = 8000: Parameter sample_rate must be one of "
                          "the following values: 44100 48000 32000 22050 24000 16000 [format mp4, when "
-                         "audio_codec/codec_id is mp3]"))
-        << checked.out;
+                         "audio_codec/codec_id is mp3]"));
 }
 
 TEST_F(TervanJob, TheFormatFixesItsContainerAndLimits) {
@@ -242,23 +244,21 @@ TEST_F(TervanJob, AutomaticJobsAdmitAutomaticValues) {
     EXPECT_EQ(plain.status, 1);
     EXPECT_TRUE(Contains(plain.out,
                          "streams/1/audio_resample/resampler/sample_rate = -1: must equal "
-                         "streams/1/audio_codec/sample_rate = 44100"))
-        << plain.out;
-    EXPECT_TRUE(Contains(plain.out, "streams/0/frame_rate_filter/frame_rate = -1/1: must equal")) << plain.out;
+                         "streams/1/audio_codec/sample_rate = 44100"));
+    EXPECT_TRUE(Contains(plain.out, "streams/0/frame_rate_filter/frame_rate = -1/1: must equal"));
 
     // The automatic AC-3 helper and DVD disagree on the bitrate mode: said, and no step
     // that only takes a value away and back is reported as a change.
     const Outcome disagreeing = Run("new dvd --auto --audio ac3");
     EXPECT_EQ(disagreeing.status, 1);
-    EXPECT_TRUE(Contains(disagreeing.err, "unfixable: streams/1/audio_codec/bitrate_mode = \"cbr\""))
-        << disagreeing.err;
+    EXPECT_TRUE(Contains(disagreeing.err, "unfixable: streams/1/audio_codec/bitrate_mode = \"cbr\""));
     const Outcome refixed = Run("fix " + Write("dvd-ac3.json", disagreeing.out).string());
     EXPECT_EQ(refixed.status, 1);
-    EXPECT_TRUE(Contains(refixed.err, "0 changes; 1 violation(s) remain")) << refixed.err;
+    EXPECT_TRUE(Contains(refixed.err, "0 changes; 1 violation(s) remain"));
 
     const Outcome options = Run("options audio aac --auto");
     EXPECT_TRUE(Contains(options.out, "audio codec aac (automatic)"));
-    EXPECT_TRUE(Contains(options.out, "bitrate_mode = \"cbr\": must be one of: cbr_auto, cbr")) << options.out;
+    EXPECT_TRUE(Contains(options.out, "bitrate_mode = \"cbr\": must be one of: cbr_auto, cbr"));
     EXPECT_FALSE(Contains(Run("options audio aac").out, "cbr_auto"));
 }
 
@@ -299,8 +299,7 @@ TEST_F(TervanJob, OptionsForH264ListTheTenPresetsInOrder) {
     const Outcome text = Run("options video h264");
     EXPECT_TRUE(Contains(text.out,
                          "  encoder_options/preset = \"faster\": must be one of: ultrafast, superfast, "
-                         "veryfast, faster, fast, medium, slow, slower, veryslow, placebo\n"))
-        << text.out;
+                         "veryfast, faster, fast, medium, slow, slower, veryslow, placebo\n"));
 }
 
 TEST_F(TervanJob, OptionsShowRangesLabelsAndPredicates) {
@@ -489,7 +488,7 @@ TEST_F(TervanJob, ExampleJobsGetTheirVerdictsAndRepairs) {
         if (c.checkStatus == 2) {
             ExpectRefused(checked, c.violation);
         } else {
-            EXPECT_TRUE(Contains(checked.out, c.violation)) << checked.out;
+            EXPECT_TRUE(Contains(checked.out, c.violation));
         }
 
         const Outcome fixed = Run("fix " + file);
@@ -526,7 +525,7 @@ TEST_F(TervanJob, DescriptionsFollowTheEnvironmentsLanguage) {
         SCOPED_TRACE(c.environment);
         const Outcome outcome = Run("check " + file, c.environment);
         EXPECT_EQ(outcome.status, 1);
-        EXPECT_TRUE(Contains(outcome.out, c.text)) << outcome.out;
+        EXPECT_TRUE(Contains(outcome.out, c.text));
     }
     EXPECT_FALSE(Contains(Run("check " + file, "LANGUAGE=fr").out, "must be one of")) << "no French translation";
 }
