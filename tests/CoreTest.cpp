@@ -72,21 +72,6 @@ protected:
 
 }  // namespace
 
-TEST(RefCount, LastReleaseDestroys) {
-    int destroyed = 0;
-    {
-        boost::intrusive_ptr<const ICounted> first(new Counted(&destroyed));
-        EXPECT_EQ(first->GetRefCount(), 1);
-        {
-            boost::intrusive_ptr<const ICounted> second = first;
-            EXPECT_EQ(first->GetRefCount(), 2);
-        }
-        EXPECT_EQ(first->GetRefCount(), 1);
-        EXPECT_EQ(destroyed, 0);
-    }
-    EXPECT_EQ(destroyed, 1);
-}
-
 TEST(RefCount, CopyingNeverCopiesTheCount) {
     int destroyed = 0;
     boost::intrusive_ptr<Counted> original(new Counted(&destroyed));
@@ -115,8 +100,9 @@ TEST(RefCount, ConcurrentAddRefAndReleaseKeepTheCount) {
         thread.join();
     }
     EXPECT_EQ(shared->GetRefCount(), 1);
+    EXPECT_EQ(destroyed, 0) << "alive while referenced";
     shared.reset();
-    EXPECT_EQ(destroyed, 1);
+    EXPECT_EQ(destroyed, 1) << "the last release destroys";
 }
 
 TEST(FrozenObjects, CountsStayExactAndNothingDiesUntilThawed) {
@@ -278,7 +264,6 @@ TEST_F(Localization, ShippedCatalogsTranslate) {
     const std::string text = "Parameter %1 must be one of the following values: %2";
     EXPECT_EQ(manager.Translate(text, "de"), "Parameter %1 muss einen der folgenden Werte haben: %2");
     EXPECT_EQ(manager.Translate(text, "fr_FR.UTF-8"), "Le paramètre %1 doit prendre l'une des valeurs suivantes : %2");
-    EXPECT_EQ(manager.Translate(text, "ja"), text);
     EXPECT_EQ(manager.Translate("not in any catalog", "de"), "not in any catalog");
     // gettext's answer for the empty text is the catalog's header.
     EXPECT_EQ(manager.Translate("", "de"), "");

@@ -1,10 +1,7 @@
 #include "Conf/DataHelpers/FakeConstraintConsumer.h"
-#include "Conf/Interfaces/IFormatCodecAudio.h"
-#include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "FormatTestSupport.h"
-#include "Proc/IFilterFrameRate.h"
+#include "Proc/SettingsFilterFrameRate.h"
 
-#include <boost/rational.hpp>
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -13,33 +10,20 @@ using namespace FormatTest;
 
 namespace {
 
-using A = IFormatCodecAudio;
-using V = IFormatCodecVideo;
-using F = IFormatFile;
-using Ratio = boost::rational<long long>;
-
-std::string Path(const std::string& section, const std::string& setting) {
-    return section + Property::SEPARATOR + setting;
-}
-
-const std::string kVideoCodec = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_CODEC_ID);
 const std::string kVideoBitrate = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_BITRATE);
-const std::string kAudioCodec = Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_CODEC_ID);
 const std::string kAudioBitrateMode = Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_BITRATE_MODE);
 const std::string kAudioBitrate = Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_BITRATE);
-const std::string kSampleRate = ResamplerPath(A::TAG_SAMPLE_RATE);
-const std::string kFps = Path(Proc::IFilterFrameRate::CLASS_ID, V::TAG_FPS);
 
 const std::string kStreamVideo = Path(Path(IPreset::KEY_STREAMS, "0"), IPreset::KEY_FILTER_VIDEO_CODEC);
 
 // A job that every DVD rule accepts.
 Property DvdJob() {
-    return Settings({{kVideoCodec, Property("", V::CODEC_ID_MPEG2VIDEO)},
+    return Settings({{kVideoCodecPath, Property("", V::CODEC_ID_MPEG2VIDEO)},
                      {kVideoBitrate, Property("", 6000000LL)},
-                     {kAudioCodec, Property("", A::CODEC_ID_MP2)},
+                     {kAudioCodecPath, Property("", A::CODEC_ID_MP2)},
                      {kAudioBitrateMode, Property("", IFormatCodec::TAG_BITRATE_MODE_CBR)},
                      {kAudioBitrate, Property("", 256000LL)},
-                     {kSampleRate, Property("", 48000LL)}});
+                     {kSampleRatePath, Property("", 48000LL)}});
 }
 
 }  // namespace
@@ -80,22 +64,22 @@ TEST(DiscFormat, DvdRulesAtTheirBounds) {
         {"MPEG-2 at the floor", {{kVideoBitrate, Property("", 100000LL)}}, {}},
         {"MPEG-2 below the floor", {{kVideoBitrate, Property("", 99999LL)}}, {kVideoBitrate}},
         {"MPEG-1 at its ceiling",
-         {{kVideoCodec, Property("", V::CODEC_ID_MPEG1VIDEO)}, {kVideoBitrate, Property("", 1856000LL)}},
+         {{kVideoCodecPath, Property("", V::CODEC_ID_MPEG1VIDEO)}, {kVideoBitrate, Property("", 1856000LL)}},
          {}},
         {"MPEG-1 above its ceiling",
-         {{kVideoCodec, Property("", V::CODEC_ID_MPEG1VIDEO)}, {kVideoBitrate, Property("", 2000000LL)}},
+         {{kVideoCodecPath, Property("", V::CODEC_ID_MPEG1VIDEO)}, {kVideoBitrate, Property("", 2000000LL)}},
          {kVideoBitrate}},
         {"variable audio bit rate",
          {{kAudioBitrateMode, Property("", IFormatCodec::TAG_BITRATE_MODE_VBR)}},
          {kAudioBitrateMode}},
         {"AC-3 at 192 kbit/s",
-         {{kAudioCodec, Property("", A::CODEC_ID_AC3)}, {kAudioBitrate, Property("", 192000LL)}},
+         {{kAudioCodecPath, Property("", A::CODEC_ID_AC3)}, {kAudioBitrate, Property("", 192000LL)}},
          {kAudioBitrate}},
-        {"MP2 at 44.1 kHz", {{kSampleRate, Property("", 44100LL)}}, {kSampleRate}},
+        {"MP2 at 44.1 kHz", {{kSampleRatePath, Property("", 44100LL)}}, {kSampleRatePath}},
         {"audio outside the disc rules",
-         {{kAudioCodec, Property("", A::CODEC_ID_MP3)},
+         {{kAudioCodecPath, Property("", A::CODEC_ID_MP3)},
           {kAudioBitrateMode, Property("", IFormatCodec::TAG_BITRATE_MODE_VBR)},
-          {kSampleRate, Property("", 44100LL)}},
+          {kSampleRatePath, Property("", 44100LL)}},
          {}},
     };
     for (const Case& c : cases) {
@@ -109,15 +93,16 @@ TEST(DiscFormat, DvdRulesAtTheirBounds) {
 }
 
 TEST(DiscFormat, DvdCorrectsOnlyTheSampleRate) {
-    Property node(A::TAG_FORMAT_CODEC_AUDIO);
-    node.SetChildT(IFormatCodec::TAG_CODEC_ID, A::CODEC_ID_MP2);
-    node.SetChildT(IFormatCodec::TAG_BITRATE_MODE, IFormatCodec::TAG_BITRATE_MODE_VBR);
-    node.SetChildT(IFormatCodec::TAG_BITRATE, 128000LL);
-    node.SetChildT(A::TAG_SAMPLE_RATE, 44100LL);
-    Property expected = node;
-    expected[A::TAG_SAMPLE_RATE] = 48000LL;
-    Format(F::FORMAT_DVD)->CorrectFormatCodec(node);
-    EXPECT_EQ(node, expected);
+    for (const std::string& codec : {A::CODEC_ID_MP2, A::CODEC_ID_AC3}) {
+        SCOPED_TRACE(codec);
+        Property node = CodecNode(A::TAG_FORMAT_CODEC_AUDIO, codec, 44100);
+        node.SetChildT(IFormatCodec::TAG_BITRATE_MODE, IFormatCodec::TAG_BITRATE_MODE_VBR);
+        node.SetChildT(IFormatCodec::TAG_BITRATE, 128000LL);
+        Property expected = node;
+        expected[A::TAG_SAMPLE_RATE] = 48000LL;
+        Format(F::FORMAT_DVD)->CorrectFormatCodec(node);
+        EXPECT_EQ(node, expected);
+    }
 }
 
 TEST(DiscFormat, DvdConstraints) {
@@ -155,7 +140,7 @@ TEST(DiscFormat, DvdConstraints) {
     }
 }
 
-TEST(DiscFormat, ProgramStreamFrameRates) {
+TEST(DiscFormat, ProgramStreamAndGifFrameRates) {
     struct Case {
         std::string format;
         std::string codec;
@@ -169,17 +154,25 @@ TEST(DiscFormat, ProgramStreamFrameRates) {
         {F::FORMAT_VOB, V::CODEC_ID_MPEG2VIDEO, Ratio(60000, 1001), false},
         {F::FORMAT_VOB, V::CODEC_ID_MPEG1VIDEO, Ratio(15), true},
         {F::FORMAT_VOB, V::CODEC_ID_MPEG4, Ratio(15), false},
-        {F::FORMAT_MPEG2VIDEO, V::CODEC_ID_MPEG2VIDEO, Ratio(12), true},
         {F::FORMAT_MPEG, V::CODEC_ID_MPEG1VIDEO, Ratio(15), true},
         {F::FORMAT_MPEG, V::CODEC_ID_MPEG1VIDEO, Ratio(60), false},
-        {F::FORMAT_MPEG1VIDEO, V::CODEC_ID_MPEG1VIDEO, Ratio(30000, 1001), false},
         // The MPEG-1 stream holds only MPEG-1 video to these rates.
         {F::FORMAT_MPEG, V::CODEC_ID_MPEG2VIDEO, Ratio(15), false},
+        // GIF keeps the source rate or runs at 8 to 30, without the MPEG table's 50 and 60.
+        {F::FORMAT_GIF, V::CODEC_ID_GIF, Ratio(24000, 1001), false},
+        {F::FORMAT_GIF, V::CODEC_ID_GIF, Proc::SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE, false},
+        {F::FORMAT_GIF, V::CODEC_ID_GIF, Ratio(8), false},
+        {F::FORMAT_GIF, V::CODEC_ID_GIF, Ratio(30), false},
+        {F::FORMAT_GIF, V::CODEC_ID_GIF, Ratio(60), true},
+        {F::FORMAT_GIF, V::CODEC_ID_GIF, Ratio(50), true},
+        {F::FORMAT_GIF, V::CODEC_ID_GIF, Ratio(7), true},
+        {F::FORMAT_GIF, V::CODEC_ID_PNG, Ratio(60), false},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.format + " " + c.codec + " " + PropertyValueToString(Property("", c.fps)));
-        const Property job = Settings({{kVideoCodec, Property("", c.codec)}, {kFps, Property("", c.fps)}});
+        const Property job = Settings({{kVideoCodecPath, Property("", c.codec)}, {kFpsPath, Property("", c.fps)}});
         EXPECT_EQ(BrokenRules(*Format(c.format), job),
-                  c.broken ? std::vector<std::string>{kFps} : std::vector<std::string>{});
+                  c.broken ? std::vector<std::string>{kFpsPath} : std::vector<std::string>{});
     }
+    EXPECT_TRUE(RulesOf(*Format(F::FORMAT_PNG)).empty());
 }

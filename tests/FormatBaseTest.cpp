@@ -2,8 +2,6 @@
 #include "Conf/DataHelpers/DataHelperFormatContainer.h"
 #include "Conf/DataHelpers/FakeConstraintConsumer.h"
 #include "Conf/DataHelpers/PairValidationRule.h"
-#include "Conf/Interfaces/IFormatCodecAudio.h"
-#include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "FormatTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -13,8 +11,6 @@
 using namespace FormatTest;
 
 namespace {
-
-using A = IFormatCodecAudio;
 
 struct CodecLists : DataHelperFormatBase {
     using DataHelperFormatBase::SetCodecConstraint;
@@ -50,16 +46,6 @@ std::pair<std::string, boost::intrusive_ptr<IValidationRule>> RateRule(const std
                                      ratePath, ConstraintSet::Create(rates))};
 }
 
-const std::string kCodecPath = IPreset::KEY_FILTER_AUDIO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
-const std::string kRatePath = ResamplerPath(A::TAG_SAMPLE_RATE);
-
-Property CodecNode(const std::string& name, const std::string& codec, long long rate) {
-    Property node(name);
-    node.SetChildT(IFormatCodec::TAG_CODEC_ID, codec);
-    node.SetChildT(A::TAG_SAMPLE_RATE, rate);
-    return node;
-}
-
 }  // namespace
 
 TEST(DataHelperFormatBase, CodecListMessagesAreExact) {
@@ -70,19 +56,14 @@ TEST(DataHelperFormatBase, CodecListMessagesAreExact) {
     EXPECT_EQ(HelperMessage([] { CodecLists::SetCodecConstraint({}, "none"); }), "List of available codecs is empty");
     EXPECT_EQ(HelperMessage([&] { CodecLists::SetCodecConstraint(codecs, "AAC"); }),
               "Default codec AAC is not presented in list of avalible codecs");
-    EXPECT_EQ(HelperMessage([&] { CodecLists::SetCodecConstraint(codecs, ""); }),
-              "Default codec  is not presented in list of avalible codecs");
 }
 
-TEST(DataHelperFormatBase, CodecListIsLabelledByIdentifierAndRepairsToDefault) {
+TEST(DataHelperFormatBase, CodecListIsLabelledByIdentifier) {
     const ConstraintPtr constraint =
         CodecLists::SetCodecConstraint({A::CODEC_ID_AAC, A::CODEC_ID_MP3}, A::CODEC_ID_MP3);
     const auto consumer = FakeConstraintConsumer::Create();
     constraint->FillValueList(consumer);
     EXPECT_EQ(ChildNames(consumer->GetValue()), (std::vector<std::string>{A::CODEC_ID_AAC, A::CODEC_ID_MP3}));
-    Property value("codec", A::CODEC_ID_VORBIS);
-    EXPECT_TRUE(constraint->Fixup(value));
-    EXPECT_EQ(value.GetString(), A::CODEC_ID_MP3);
 }
 
 TEST(DataHelperFormatBase, MissingCodecListsAreReported) {
@@ -133,42 +114,9 @@ TEST(DataHelperFormatBase, ApplyPresetSettingsChangesNothing) {
     EXPECT_EQ(out.GetName(), before.GetName());
 }
 
-TEST(DataHelperFormatBase, CorrectFormatCodecForcesAdmissibleSampleRates) {
-    struct Case {
-        std::string format;
-        std::string node;
-        std::string codec;
-        long long rate;
-        long long corrected;
-    };
-    const Case cases[] = {
-        {IFormatFile::FORMAT_MP4, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_MP3, 11025, 16000},
-        {IFormatFile::FORMAT_MP4, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_MP3, 32000, 32000},
-        {IFormatFile::FORMAT_MP4, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_AAC, 11025, 11025},
-        {IFormatFile::FORMAT_IPOD, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_MP3, 96000, 48000},
-        {IFormatFile::FORMAT_MP4, IFormatCodecVideo::TAG_FORMAT_CODEC_VIDEO, A::CODEC_ID_MP3, 11025, 11025},
-        {IFormatFile::FORMAT_MP4, IPreset::KEY_FILTER_AUDIO_CODEC, A::CODEC_ID_MP3, 11025, 11025},
-        {IFormatFile::FORMAT_FLV, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_AAC, 48000, 44100},
-        {IFormatFile::FORMAT_FLV, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_AAC, 44100, 44100},
-        {IFormatFile::FORMAT_FLV, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_MP3, 8000, 11025},
-        // Not admitted by FLV, so its rule does not concern it.
-        {IFormatFile::FORMAT_FLV, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_VORBIS, 48000, 48000},
-        {IFormatFile::FORMAT_SWF, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_MP3, 32000, 22050},
-        {IFormatFile::FORMAT_DVD, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_MP2, 44100, 48000},
-        {IFormatFile::FORMAT_DVD, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_AC3, 22050, 48000},
-        {IFormatFile::FORMAT_AVI, A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_MP3, 11025, 11025},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.format + " " + c.node + " " + c.codec + " " + std::to_string(c.rate));
-        Property node = CodecNode(c.node, c.codec, c.rate);
-        Format(c.format)->CorrectFormatCodec(node);
-        EXPECT_EQ(node, CodecNode(c.node, c.codec, c.corrected));
-    }
-}
-
 TEST(DataHelperFormatBase, CorrectFormatCodecLooksOnlyAtAudioNodes) {
-    const ProbeFormat probe({RateRule(kCodecPath, kRatePath, {{"8000", 8000}})});
-    for (const std::string& name : {IFormatCodecVideo::TAG_FORMAT_CODEC_VIDEO, std::string("anything")}) {
+    const ProbeFormat probe({RateRule(kAudioCodecPath, kSampleRatePath, {{"8000", 8000}})});
+    for (const std::string& name : {V::TAG_FORMAT_CODEC_VIDEO, IPreset::KEY_FILTER_AUDIO_CODEC, std::string("x")}) {
         Property node = CodecNode(name, A::CODEC_ID_MP3, 44100);
         probe.CorrectFormatCodec(node);
         EXPECT_EQ(node, CodecNode(name, A::CODEC_ID_MP3, 44100));
@@ -182,17 +130,17 @@ TEST(DataHelperFormatBase, CorrectFormatCodecLooksOnlyAtAudioNodes) {
 
 TEST(DataHelperFormatBase, CorrectFormatCodecAppliesMatchingRulesInTurn) {
     // Alone, the second rule would pick 30000 for 44100; after the first it sees 16000.
-    const ProbeFormat chained({RateRule(kCodecPath, kRatePath, {{"8000", 8000}, {"16000", 16000}}),
-                               RateRule(kCodecPath, kRatePath, {{"11025", 11025}, {"30000", 30000}})});
+    const ProbeFormat chained({RateRule(kAudioCodecPath, kSampleRatePath, {{"8000", 8000}, {"16000", 16000}}),
+                               RateRule(kAudioCodecPath, kSampleRatePath, {{"11025", 11025}, {"30000", 30000}})});
     Property node = CodecNode(A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_MP3, 44100);
     chained.CorrectFormatCodec(node);
     EXPECT_EQ(node[A::TAG_SAMPLE_RATE].GetInt64(), 11025);
 
     // Rules over other settings are not corrections.
     const ProbeFormat elsewhere(
-        {RateRule(IPreset::KEY_FILTER_VIDEO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID, kRatePath,
+        {RateRule(IPreset::KEY_FILTER_VIDEO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID, kSampleRatePath,
                   {{"8000", 8000}}),
-         RateRule(kCodecPath, A::TAG_SAMPLE_RATE, {{"8000", 8000}})});
+         RateRule(kAudioCodecPath, A::TAG_SAMPLE_RATE, {{"8000", 8000}})});
     Property untouched = CodecNode(A::TAG_FORMAT_CODEC_AUDIO, A::CODEC_ID_MP3, 44100);
     elsewhere.CorrectFormatCodec(untouched);
     EXPECT_EQ(untouched[A::TAG_SAMPLE_RATE].GetInt64(), 44100);

@@ -7,10 +7,13 @@
 #include "Conf/DataHelpers/DataHelpers.h"
 #include "Conf/DataHelpers/ValidationRuleCheck.h"
 #include "Conf/Interfaces/IFormatCodec.h"
+#include "Conf/Interfaces/IFormatCodecAudio.h"
+#include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "Conf/Interfaces/IFormatFile.h"
 #include "Conf/Interfaces/IPreset.h"
 #include "Core/Property.h"
 #include "HelperQueries.h"
+#include "Proc/IFilterFrameRate.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +26,20 @@ using namespace Tervan;
 using namespace Tervan::Conf;
 using namespace HelperQueries;
 using Core::Property;
+using Ratio = Property::Ratio;
+using A = IFormatCodecAudio;
+using V = IFormatCodecVideo;
+using F = IFormatFile;
+
+inline std::string Path(const std::string& section, const std::string& setting) {
+    return section + Property::SEPARATOR + setting;
+}
+
+// The paths, from the root of a job's settings, that the formats' rules tie together.
+inline const std::string kVideoCodecPath = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_CODEC_ID);
+inline const std::string kAudioCodecPath = Path(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodec::TAG_CODEC_ID);
+inline const std::string kSampleRatePath = ResamplerPath(A::TAG_SAMPLE_RATE);
+inline const std::string kFpsPath = Path(Proc::IFilterFrameRate::CLASS_ID, V::TAG_FPS);
 
 inline DataHelperPtr Format(const std::string& id) {
     return CreateDataHelper(IPreset::KEY_FORMAT, id);
@@ -69,6 +86,14 @@ inline std::vector<std::string> BrokenRules(const IDataHelper& helper, const Pro
         }
     }
     return broken;
+}
+
+// A codec node holding a codec identifier and a sample rate.
+inline Property CodecNode(const std::string& name, const std::string& codec, long long rate) {
+    Property node(name);
+    node.SetChildT(IFormatCodec::TAG_CODEC_ID, codec);
+    node.SetChildT(A::TAG_SAMPLE_RATE, rate);
+    return node;
 }
 
 struct StreamDefault {

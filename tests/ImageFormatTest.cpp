@@ -1,10 +1,6 @@
 #include "Conf/DataHelpers/DataHelperFormatImage.h"
-#include "Conf/Interfaces/IFormatCodecVideo.h"
 #include "FormatTestSupport.h"
-#include "Proc/IFilterFrameRate.h"
-#include "Proc/SettingsFilterFrameRate.h"
 
-#include <boost/rational.hpp>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -12,10 +8,6 @@
 using namespace FormatTest;
 
 namespace {
-
-using V = IFormatCodecVideo;
-using F = IFormatFile;
-using Ratio = boost::rational<long long>;
 
 TreeDefaults PictureTree(const std::string& container, const std::string& codec) {
     return {F::TAG_CONTAINER, container, {}, {}, {1, 0, 0, 0}, {{IPreset::STREAM_TYPE_VIDEO, codec}}};
@@ -64,31 +56,4 @@ TEST(ImageFormat, KeepsItsOwnCopyOfTheContainer) {
     *container = "overwritten";
     container.reset();
     ExpectDefaultTree(bmp->GetDefaults(), PictureTree(F::FORMAT_BMP, V::CODEC_ID_BMP));
-}
-
-TEST(ImageFormat, OnlyGifHasAFrameRateRule) {
-    const std::string fps = Proc::IFilterFrameRate::CLASS_ID + Property::SEPARATOR + V::TAG_FPS;
-    const std::string codecPath = IPreset::KEY_FILTER_VIDEO_CODEC + Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
-    struct Case {
-        std::string codec;
-        Ratio rate;
-        bool broken;
-    };
-    const Case cases[] = {
-        {V::CODEC_ID_GIF, Ratio(24000, 1001), false},
-        {V::CODEC_ID_GIF, Proc::SettingsFilterFrameRate::MARK_USE_ORIGINAL_FRAMERATE, false},
-        {V::CODEC_ID_GIF, Ratio(8), false},
-        {V::CODEC_ID_GIF, Ratio(30), false},
-        {V::CODEC_ID_GIF, Ratio(60), true},
-        {V::CODEC_ID_GIF, Ratio(50), true},
-        {V::CODEC_ID_GIF, Ratio(7), true},
-        {V::CODEC_ID_PNG, Ratio(60), false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.codec + " " + PropertyValueToString(Property("", c.rate)));
-        const Property job = Settings({{codecPath, Property("", c.codec)}, {fps, Property("", c.rate)}});
-        EXPECT_EQ(BrokenRules(*Format(F::FORMAT_GIF), job),
-                  c.broken ? std::vector<std::string>{fps} : std::vector<std::string>{});
-    }
-    EXPECT_TRUE(RulesOf(*Format(F::FORMAT_PNG)).empty());
 }
