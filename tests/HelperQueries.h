@@ -4,6 +4,7 @@
 // raises, for the tests' assertions.
 
 #include "Conf/ConfException.h"
+#include "Conf/DataHelpers/ConstraintSet.h"
 #include "Conf/Interfaces/IDataHelper.h"
 #include "Conf/Interfaces/IFormatCodec.h"
 #include "Conf/Interfaces/IPreset.h"
@@ -16,6 +17,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace HelperQueries {
 
@@ -29,6 +31,20 @@ inline Tervan::Conf::IDataHelper::ValidationRules RulesOf(const Tervan::Conf::ID
     Tervan::Conf::IDataHelper::ValidationRules rules;
     helper.GetValidationRules(rules);
     return rules;
+}
+
+// The labels of a value-set constraint, in order.
+using Labels = std::vector<std::string>;
+inline const Tervan::Conf::ConstraintSet& AsSet(
+    const boost::intrusive_ptr<const Tervan::Conf::IPropertyConstraint>& c) {
+    return dynamic_cast<const Tervan::Conf::ConstraintSet&>(*c);
+}
+inline Labels LabelsOf(const boost::intrusive_ptr<const Tervan::Conf::IPropertyConstraint>& constraint) {
+    Labels labels;
+    for (const auto& entry : AsSet(constraint).GetEntries()) {
+        labels.push_back(entry.first);
+    }
+    return labels;
 }
 
 // A resampler setting's path from the stream node.

@@ -6,7 +6,6 @@
 #include "Conf/DataHelpers/DataHelperProxyAuto.h"
 #include "Conf/DataHelpers/DataHelpers.h"
 #include "Conf/DataHelpers/PairValidationRule.h"
-#include "Conf/DataHelpers/ValidationRuleCheck.h"
 #include "Conf/Interfaces/IFormatCodec.h"
 #include "Conf/Interfaces/IFormatCodecAudio.h"
 #include "Conf/Interfaces/IFormatCodecVideo.h"
@@ -15,7 +14,6 @@
 #include "HelperQueries.h"
 #include "Proc/IFilterFrameRate.h"
 #include "Proc/IFilterResample.h"
-#include "Proc/IResample.h"
 #include "Proc/SettingsFilterFrameRate.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +27,6 @@ using namespace Tervan::Conf;
 using namespace HelperQueries;
 using Core::Property;
 using Ratio = boost::rational<long long>;
-using Labels = std::vector<std::string>;
 
 namespace {
 
@@ -59,18 +56,6 @@ boost::intrusive_ptr<IValidationRule> RuleFor(const IDataHelper::ValidationRules
     }
     EXPECT_TRUE(found) << "no rule on " << path;
     return found;
-}
-
-const ConstraintSet& AsSet(const boost::intrusive_ptr<const IPropertyConstraint>& constraint) {
-    return dynamic_cast<const ConstraintSet&>(*constraint);
-}
-
-Labels LabelsOf(const boost::intrusive_ptr<const IPropertyConstraint>& constraint) {
-    Labels labels;
-    for (const auto& entry : AsSet(constraint).GetEntries()) {
-        labels.push_back(entry.first);
-    }
-    return labels;
 }
 
 // Hands out what it was given; the other operations leave a mark on their arguments.
@@ -122,9 +107,6 @@ TEST(ProxyAuto, Mp4AudioCodecsStartWithTheAutomaticCodec) {
                            IFormatCodecAudio::CODEC_ID_AC3, IFormatCodecAudio::CODEC_ID_DTS,
                            IFormatCodecAudio::CODEC_ID_MP3};
     EXPECT_EQ(LabelsOf(audio), codecs);
-    for (const auto& [label, value] : AsSet(audio).GetEntries()) {
-        EXPECT_EQ(value.GetString(), label);
-    }
     EXPECT_FALSE(own.at(kAudioCodecKey)->IsValid(Property("", IFormatCodec::CODEC_ID_AUTO)));
     EXPECT_TRUE(audio->IsValid(Property("", IFormatCodec::CODEC_ID_AUTO)));
 
@@ -182,22 +164,10 @@ TEST(ProxyAuto, Mp4Mp3SampleRateRuleAdmitsAutomaticRate) {
     const auto widened = RuleFor(RulesOf(*Wrap(mp4)), ratePath);
     ASSERT_TRUE(own && widened);
 
-    EXPECT_EQ(widened->GetFirstPath(), own->GetFirstPath());
-    EXPECT_EQ(widened->GetFirstConstraint(), own->GetFirstConstraint());
     EXPECT_EQ(LabelsOf(widened->GetSecondConstraint()),
               (Labels{"Auto", "44100", "48000", "32000", "22050", "24000", "16000"}));
     EXPECT_FALSE(own->GetSecondConstraint()->IsValid(Property("", -1LL)));
-
-    Property job;
-    job.SetChild(IPreset::KEY_FILTER_AUDIO_CODEC)
-        .SetChildT(IFormatCodec::TAG_CODEC_ID, IFormatCodecAudio::CODEC_ID_MP3);
-    Property& resampler = job.SetChild(Proc::IFilterResample::CLASS_ID).SetChild(Proc::IResample::CLASS_ID);
-    for (const auto& [rate, holds] : {std::pair(-1LL, true), std::pair(48000LL, true), std::pair(11025LL, false)}) {
-        SCOPED_TRACE(rate);
-        resampler.SetChildT(IFormatCodecAudio::TAG_SAMPLE_RATE, rate);
-        EXPECT_EQ(ValidationRuleCheck::Evaluate(*widened, job).verdict,
-                  holds ? ValidationRuleCheck::HOLDS : ValidationRuleCheck::BROKEN);
-    }
+    EXPECT_TRUE(widened->GetSecondConstraint()->IsValid(Property("", -1LL)));
 }
 
 TEST(ProxyAuto, EveryRuleIsRebuiltWithItsPathsAndFirstConstraint) {
@@ -224,19 +194,16 @@ TEST(ProxyAuto, EveryRuleIsRebuiltWithItsPathsAndFirstConstraint) {
     }
 }
 
-TEST(ProxyAuto, AudioCodecRulesAdmitAutomaticRateAndLayout) {
+// The sample rate is widened as in Mp4Mp3SampleRateRuleAdmitsAutomaticRate; the layout takes a string.
+TEST(ProxyAuto, AudioCodecLayoutRuleAdmitsTheUnknownLayout) {
     const DataHelperPtr mp3 = CreateDataHelper(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodecAudio::CODEC_ID_MP3);
-    const IDataHelper::ValidationRules rules = RulesOf(*Wrap(mp3));
-    for (const Property& automatic : {Property("", -1LL), Property("", IFormatCodecAudio::TAG_CH_LAYOUT_UNKNOWN)}) {
-        const std::string tag =
-            automatic.GetType() == TYPE_INT64 ? IFormatCodecAudio::TAG_SAMPLE_RATE : IFormatCodecAudio::TAG_LAYOUT;
-        SCOPED_TRACE(tag);
-        const auto rule = RuleFor(rules, ResamplerPath(tag));
-        ASSERT_TRUE(rule);
-        EXPECT_FALSE(RuleFor(RulesOf(*mp3), ResamplerPath(tag))->GetSecondConstraint()->IsValid(automatic));
-        EXPECT_EQ(LabelsOf(rule->GetSecondConstraint()).front(), "Auto");
-        EXPECT_TRUE(rule->GetSecondConstraint()->IsValid(automatic));
-    }
+    const Property unknown("", IFormatCodecAudio::TAG_CH_LAYOUT_UNKNOWN);
+    const auto own = RuleFor(RulesOf(*mp3), ResamplerPath(IFormatCodecAudio::TAG_LAYOUT));
+    const auto widened = RuleFor(RulesOf(*Wrap(mp3)), ResamplerPath(IFormatCodecAudio::TAG_LAYOUT));
+    ASSERT_TRUE(own && widened);
+    EXPECT_FALSE(own->GetSecondConstraint()->IsValid(unknown));
+    EXPECT_EQ(LabelsOf(widened->GetSecondConstraint()).front(), "Auto");
+    EXPECT_TRUE(widened->GetSecondConstraint()->IsValid(unknown));
 }
 
 TEST(ProxyAuto, SecondConstraintAdmittingAutoIsKept) {
@@ -286,7 +253,6 @@ TEST(ProxyAuto, DefaultsAreTheWrappedHelpers) {
         const Property own = helper->GetDefaults();
         const Property proxied = CreateDataHelperAuto(type, name)->GetDefaults();
         EXPECT_EQ(proxied.GetName(), own.GetName());
-        EXPECT_EQ(Core::PropertyValueToString(proxied), Core::PropertyValueToString(own));
         EXPECT_TRUE(proxied == own);
     }
 }

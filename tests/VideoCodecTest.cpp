@@ -73,54 +73,40 @@ ValidationRuleCheck::Verdict Check(const boost::intrusive_ptr<IValidationRule>& 
     return ValidationRuleCheck::Evaluate(*rule, job).verdict;
 }
 
-std::vector<DataHelperPtr> AllVideoHelpers() {
-    std::vector<DataHelperPtr> helpers;
+// Every video codec helper by its codec id: the registry's, and the registered classes it leaves out.
+std::vector<std::pair<std::string, DataHelperPtr>> AllVideoHelpers() {
+    std::vector<std::pair<std::string, DataHelperPtr>> helpers;
     for (const auto& entry : GetAvailableDataHelpers(IPreset::KEY_FILTER_VIDEO_CODEC)) {
-        helpers.push_back(entry.second);
+        helpers.emplace_back(entry.first, entry.second);
     }
-    helpers.push_back(DataHelperVideoCodecX265::Create());
-    helpers.push_back(DataHelperVideoCodecWmv3::Create());
+    helpers.emplace_back(V::CODEC_ID_H265, DataHelperVideoCodecX265::Create());
+    helpers.emplace_back(V::CODEC_ID_WMV3, DataHelperVideoCodecWmv3::Create());
     return helpers;
 }
 
 }  // namespace
 
-TEST(VideoCodec, RegistryKeysMatchTheHelpersCodecs) {
-    const auto& table = GetAvailableDataHelpers(IPreset::KEY_FILTER_VIDEO_CODEC);
-    ASSERT_EQ(table.size(), 30u);
-    for (const auto& entry : table) {
-        SCOPED_TRACE(entry.first);
-        const Core::Property defaults = entry.second->GetDefaults();
+TEST(VideoCodec, EveryHelpersDefaultsAndRequiredFilters) {
+    ASSERT_EQ(GetAvailableDataHelpers(IPreset::KEY_FILTER_VIDEO_CODEC).size(), 30u);
+    for (const auto& [codec, helper] : AllVideoHelpers()) {
+        SCOPED_TRACE(codec);
+        const Core::Property defaults = helper->GetDefaults();
         EXPECT_EQ(defaults.GetName(), IPreset::KEY_FILTER_VIDEO_CODEC);
-        EXPECT_EQ(defaults[C::TAG_CODEC_ID].GetString(), entry.first);
         EXPECT_EQ(defaults[0ul].GetName(), C::TAG_CODEC_ID);
+        EXPECT_EQ(defaults[0ul].GetString(), codec);
         EXPECT_EQ(defaults[defaults.Count() - 1].GetName(), C::TAG_CODEC_OPTIONS_ENCODE);
-    }
-}
-
-TEST(VideoCodec, DefaultsSatisfyTheirOwnConstraints) {
-    for (const DataHelperPtr& helper : AllVideoHelpers()) {
-        SCOPED_TRACE(helper->GetDefaults()[C::TAG_CODEC_ID].GetString());
         // Not every constrained setting has a default (the frame rate, WMV's quality).
         EXPECT_GE(CheckedDefaults(*helper), 2u);
-    }
-}
 
-TEST(VideoCodec, EveryCodecButFlv1RequiresResizeAndFrameRate) {
-    for (const DataHelperPtr& helper : AllVideoHelpers()) {
-        const std::string codec = helper->GetDefaults()[C::TAG_CODEC_ID].GetString();
-        SCOPED_TRACE(codec);
         IDataHelper::RequiredObjects required{{"already", "there"}};
         helper->GetRequiredObjects(required);
-        if (codec == V::CODEC_ID_FLV1) {
-            EXPECT_EQ(required.size(), 1u);
-        } else {
-            EXPECT_EQ(required, (IDataHelper::RequiredObjects{{"already", "there"},
-                                                              {Proc::IFilterResize::CLASS_ID, ""},
-                                                              {Proc::IFilterFrameRate::CLASS_ID, ""}}));
+        IDataHelper::RequiredObjects expected{{"already", "there"}};
+        if (codec != V::CODEC_ID_FLV1) {  // FLV1 alone asks for neither filter
+            expected.insert(expected.end(),
+                            {{Proc::IFilterResize::CLASS_ID, ""}, {Proc::IFilterFrameRate::CLASS_ID, ""}});
         }
+        EXPECT_EQ(required, expected);
     }
-    EXPECT_EQ(VideoHelper(V::CODEC_ID_FLV1)->GetDefaults()[C::TAG_NAME].GetString(), "flv");
 }
 
 TEST(VideoCodec, AdmittedBitrateModes) {
