@@ -45,6 +45,15 @@ std::string ErrorText(int code) {
     return text;
 }
 
+// The codec node's encoder options under libavcodec's names, as a host hands them to
+// avcodec_open2 (the job names the tune after its encoder, libx264 calls it "tune").
+void SetEncoderOptions(const Core::Property& codec, AVDictionary** options) {
+    for (const Core::Property& option : codec[IFormatCodec::TAG_CODEC_OPTIONS_ENCODE]) {
+        const char* name = option.GetName() == IFormatCodecVideo::TAG_X264_TUNE ? "tune" : option.GetName().c_str();
+        av_dict_set(options, name, option.GetString().c_str(), 0);
+    }
+}
+
 // Opens and frees one encoder context per iteration; configure sets the job's settings.
 template <class Configure>
 void TrialOpen(benchmark::State& state, const char* encoderName, Configure configure) {
@@ -58,10 +67,17 @@ void TrialOpen(benchmark::State& state, const char* encoderName, Configure confi
         AVDictionary* options = nullptr;
         configure(*context, &options);
         const int opened = avcodec_open2(context, encoder, &options);
+        // avcodec_open2 hands back the options it did not take: the job's would not all apply.
+        const AVDictionaryEntry* unused = av_dict_get(options, "", nullptr, AV_DICT_IGNORE_SUFFIX);
+        const std::string unusedName = unused != nullptr ? unused->key : "";
         av_dict_free(&options);
         avcodec_free_context(&context);
         if (opened < 0) {
             state.SkipWithError(("avcodec_open2 refused the job's settings: " + ErrorText(opened)).c_str());
+            return;
+        }
+        if (!unusedName.empty()) {
+            state.SkipWithError(("the encoder does not know the job's option " + unusedName).c_str());
             return;
         }
     }
@@ -73,12 +89,13 @@ void TrialOpenAac(benchmark::State& state) {
         state.SkipWithError("the planned MP4 job's audio is not AAC");
         return;
     }
-    TrialOpen(state, "aac", [&](AVCodecContext& context, AVDictionary** /*options*/) {
+    TrialOpen(state, "aac", [&](AVCodecContext& context, AVDictionary** options) {
         context.sample_rate = static_cast<int>(codec[IFormatCodecAudio::TAG_SAMPLE_RATE].GetInt64());
         context.sample_fmt = av_get_sample_fmt(codec[IFormatCodecAudio::TAG_SAMPLE_FORMAT].GetString().c_str());
         av_channel_layout_from_string(&context.ch_layout, codec[IFormatCodecAudio::TAG_LAYOUT].GetString().c_str());
         context.bit_rate = codec[IFormatCodec::TAG_BITRATE].GetInt64();
         context.time_base = AVRational{1, context.sample_rate};
+        SetEncoderOptions(codec, options);
     });
 }
 
@@ -89,7 +106,6 @@ void TrialOpenX264(benchmark::State& state) {
         return;
     }
     const auto rate = codec[IFormatCodecVideo::TAG_FPS].GetRatio();
-    const Core::Property& encoderOptions = codec[IFormatCodec::TAG_CODEC_OPTIONS_ENCODE];
     TrialOpen(state, "libx264", [&](AVCodecContext& context, AVDictionary** options) {
         context.width = static_cast<int>(codec[IFormatCodecVideo::TAG_WIDTH].GetInt64());
         context.height = static_cast<int>(codec[IFormatCodecVideo::TAG_HEIGHT].GetInt64());
@@ -97,9 +113,7 @@ void TrialOpenX264(benchmark::State& state) {
         context.framerate = AVRational{static_cast<int>(rate.numerator()), static_cast<int>(rate.denominator())};
         context.time_base = av_inv_q(context.framerate);
         context.bit_rate = codec[IFormatCodec::TAG_BITRATE].GetInt64();
-        for (const Core::Property& option : encoderOptions) {
-            av_dict_set(options, option.GetName().c_str(), option.GetString().c_str(), 0);
-        }
+        SetEncoderOptions(codec, options);
     });
 }
 
