@@ -7,18 +7,24 @@
 
 namespace Tervan::Conf {
 
-boost::intrusive_ptr<const IDataHelper> DataHelperAudioFormatter::Create() {
-    return boost::intrusive_ptr<const IDataHelper>(new DataHelperAudioFormatter());
-}
+namespace {
 
-DataHelperAudioFormatter::~DataHelperAudioFormatter() = default;
-
-Core::Property DataHelperAudioFormatter::GetDefaults() const {
+Core::Property Defaults() {
     Core::Property settings(Proc::IFilterAudioFormatter::CLASS_ID);
     settings.SetChild(Proc::IAudioFormatter::CLASS_ID);
     settings.SetChildT(Proc::IFilterAudioFormatter::PACKET_DURATION, 100000LL);
     settings[Proc::IAudioFormatter::CLASS_ID].SetChildT(IPreset::KEY_TYPE_ID, Proc::ImplNames::DEFAULT);
     return settings;
 }
+
+}  // namespace
+
+boost::intrusive_ptr<const IDataHelper> DataHelperAudioFormatter::Create() {
+    return boost::intrusive_ptr<const IDataHelper>(new DataHelperAudioFormatter());
+}
+
+DataHelperAudioFormatter::DataHelperAudioFormatter() : DataHelperFilter(Defaults()) {}
+
+DataHelperAudioFormatter::~DataHelperAudioFormatter() = default;
 
 }  // namespace Tervan::Conf

@@ -9,10 +9,8 @@ class TERVAN_API DataHelperAudioFormatter : public DataHelperFilter {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
 
-    Core::Property GetDefaults() const override;
-
 protected:
-    DataHelperAudioFormatter() = default;
+    DataHelperAudioFormatter();
     ~DataHelperAudioFormatter() override;
 };
 

@@ -21,6 +21,10 @@ std::string ResamplerPath(const std::string& tag) {
     return Proc::IResample::CLASS_ID + Core::Property::SEPARATOR + tag;
 }
 
+Core::Property Defaults() {
+    return Proc::IFilterResample::MakeSettings(CH_LAYOUT_STEREO, 44100);
+}
+
 }  // namespace
 
 boost::intrusive_ptr<const IDataHelper> DataHelperAudioResample::Create() {
@@ -29,12 +33,9 @@ boost::intrusive_ptr<const IDataHelper> DataHelperAudioResample::Create() {
 
 DataHelperAudioResample::~DataHelperAudioResample() = default;
 
-Core::Property DataHelperAudioResample::GetDefaults() const {
-    return Proc::IFilterResample::MakeSettings(CH_LAYOUT_STEREO, 44100);
-}
-
 DataHelperAudioResample::DataHelperAudioResample()
-    : m_constraints{{ResamplerPath(A::TAG_LAYOUT), StringSet(kLayouts)},
+    : DataHelperFilter(Defaults()),
+      m_constraints{{ResamplerPath(A::TAG_LAYOUT), StringSet(kLayouts)},
                     {ResamplerPath(A::TAG_SAMPLE_RATE), ConstraintSet::Create(CreatePairValueList(kSampleRates))}} {}
 
 void DataHelperAudioResample::GetConstraints(Constraints& out) const {

@@ -9,7 +9,6 @@ class TERVAN_API DataHelperAudioResample : public DataHelperFilter {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
 
-    Core::Property GetDefaults() const override;
     void GetConstraints(Constraints& out) const override;
     // -1 and the unknown layout leave the codec's values as they are.
     void ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const override;

@@ -6,18 +6,23 @@
 
 namespace Tervan::Conf {
 
+namespace {
+
+Core::Property Defaults() {
+    return Proc::IFilterAudioVolume::Settings2Property(Proc::SettingsFilterAudioVolume());
+}
+
+}  // namespace
+
 boost::intrusive_ptr<const IDataHelper> DataHelperAudioVolume::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperAudioVolume());
 }
 
 // Percent: silence up to twice the source's level.
-DataHelperAudioVolume::DataHelperAudioVolume() : m_volume(ConstraintRange::Create(0LL, 200LL, 0LL)) {}
+DataHelperAudioVolume::DataHelperAudioVolume()
+    : DataHelperFilter(Defaults()), m_volume(ConstraintRange::Create(0LL, 200LL, 0LL)) {}
 
 DataHelperAudioVolume::~DataHelperAudioVolume() = default;
-
-Core::Property DataHelperAudioVolume::GetDefaults() const {
-    return Proc::IFilterAudioVolume::Settings2Property(Proc::SettingsFilterAudioVolume());
-}
 
 void DataHelperAudioVolume::GetConstraints(Constraints& out) const {
     out[Proc::IFilterAudioVolume::VOLUME_VALUE] = m_volume;

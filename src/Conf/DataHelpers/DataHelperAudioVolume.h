@@ -9,7 +9,6 @@ class TERVAN_API DataHelperAudioVolume : public DataHelperFilter {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
 
-    Core::Property GetDefaults() const override;
     void GetConstraints(Constraints& out) const override;
 
 protected:

@@ -11,15 +11,21 @@
 
 namespace Tervan::Conf {
 
+namespace {
+
+Core::Property Defaults() {
+    return Proc::IFilterDeinterlace::MakeSettings(true);
+}
+
+}  // namespace
+
 boost::intrusive_ptr<const IDataHelper> DataHelperDeinterlace::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperDeinterlace());
 }
 
-DataHelperDeinterlace::~DataHelperDeinterlace() = default;
+DataHelperDeinterlace::DataHelperDeinterlace() : DataHelperFilter(Defaults()) {}
 
-Core::Property DataHelperDeinterlace::GetDefaults() const {
-    return Proc::IFilterDeinterlace::MakeSettings(true);
-}
+DataHelperDeinterlace::~DataHelperDeinterlace() = default;
 
 void DataHelperDeinterlace::ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const {
     const std::string& implementation =

@@ -9,12 +9,11 @@ class TERVAN_API DataHelperDeinterlace : public DataHelperFilter {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
 
-    Core::Property GetDefaults() const override;
     // Every implementation but the standard one emits a frame per field: twice the rate.
     void ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const override;
 
 protected:
-    DataHelperDeinterlace() = default;
+    DataHelperDeinterlace();
     ~DataHelperDeinterlace() override;
 };
 

@@ -1,8 +1,16 @@
 #include "Conf/DataHelpers/DataHelperFilter.h"
 
+#include <utility>
+
 namespace Tervan::Conf {
 
+DataHelperFilter::DataHelperFilter(Core::Property defaults) : m_defaults(std::move(defaults)) {}
+
 DataHelperFilter::~DataHelperFilter() = default;
+
+Core::Property DataHelperFilter::GetDefaults() const {
+    return m_defaults;
+}
 
 void DataHelperFilter::GetRequiredObjects(RequiredObjects&) const {}
 

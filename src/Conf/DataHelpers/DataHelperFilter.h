@@ -10,10 +10,12 @@
 
 namespace Tervan::Conf {
 
-// The base of the processing filters' helpers: every operation but GetDefaults does
-// nothing, so a filter helper shows only what it adds.
+// The base of the processing filters' helpers: GetDefaults hands out the tree the
+// helper was built with and every other operation does nothing, so a filter helper
+// shows only what it adds.
 class TERVAN_API DataHelperFilter : public RefCounted<IDataHelper> {
 public:
+    Core::Property GetDefaults() const override;
     void GetRequiredObjects(RequiredObjects& out) const override;
     void GetValidationRules(ValidationRules& out) const override;
     void GetConstraints(Constraints& out) const override;
@@ -21,7 +23,7 @@ public:
     void CorrectFormatCodec(Core::Property& settings) const override;
 
 protected:
-    DataHelperFilter() = default;
+    explicit DataHelperFilter(Core::Property defaults);
     ~DataHelperFilter() override;
 
     // A set of strings, each its own label, in table order.
@@ -33,6 +35,9 @@ protected:
         }
         return ConstraintSet::Create(list);
     }
+
+private:
+    const Core::Property m_defaults;
 };
 
 }  // namespace Tervan::Conf

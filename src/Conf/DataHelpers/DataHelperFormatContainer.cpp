@@ -47,11 +47,16 @@ DataHelperFormatContainer::DataHelperFormatContainer(const Description& descript
     if (description.audio.count > 0) {
         SetAudioCodecs(Identifiers(description.audio), *description.audio.defaultId);
     }
+    m_defaults = BuildDefaults();
 }
 
 DataHelperFormatContainer::~DataHelperFormatContainer() = default;
 
 Core::Property DataHelperFormatContainer::GetDefaults() const {
+    return m_defaults;
+}
+
+Core::Property DataHelperFormatContainer::BuildDefaults() const {
     Core::Property format(IPreset::KEY_FORMAT);
     if (m_identifierKey) {
         format.SetChildT(*m_identifierKey, m_identifier);
@@ -62,7 +67,9 @@ Core::Property DataHelperFormatContainer::GetDefaults() const {
     if (m_flags & PROGRESSIVE_READ) {
         format.SetChildT(IFormatFile::TAG_PROGRESSIVE_READ, false);
     }
-    AddFormatSettings(format);
+    for (const Core::Property& setting : m_settings) {
+        format.SetChild(setting.GetName(), setting);
+    }
 
     Core::Property& limits = format.SetChild(IFormatFile::TAG_LIMITS);
     limits.SetChildT(IFormatFile::TAG_LIMITS_VIDEO, m_limits[0]);
@@ -79,8 +86,6 @@ Core::Property DataHelperFormatContainer::GetDefaults() const {
     }
     return format;
 }
-
-void DataHelperFormatContainer::AddFormatSettings(Core::Property&) const {}
 
 void DataHelperFormatContainer::GetRequiredObjects(RequiredObjects&) const {}
 
@@ -104,6 +109,11 @@ void DataHelperFormatContainer::AddRule(const boost::intrusive_ptr<IValidationRu
 
 void DataHelperFormatContainer::AddConstraint(const std::string& key, const ConstraintPtr& constraint) {
     m_constraints.emplace_back(key, constraint);
+}
+
+void DataHelperFormatContainer::AddSetting(const Core::Property& setting) {
+    m_settings.push_back(setting);
+    m_defaults = BuildDefaults();
 }
 
 const std::string& DataHelperFormatContainer::VideoCodecKey() {

@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace Tervan::Conf {
 
@@ -50,9 +51,6 @@ protected:
     explicit DataHelperFormatContainer(const Description& description);
     ~DataHelperFormatContainer() override;
 
-    // Root settings of the format's own, written after the flags and before the limits.
-    virtual void AddFormatSettings(Core::Property& format) const;
-
     // Constraint keys of the codec of every stream of that kind.
     static const std::string& VideoCodecKey();
     static const std::string& AudioCodecKey();
@@ -79,14 +77,21 @@ protected:
     // helper hands them out after the container's, a constraint replacing any of its key.
     void AddRule(const boost::intrusive_ptr<IValidationRule>& rule);
     void AddConstraint(const std::string& key, const ConstraintPtr& constraint);
+    // A root setting of the format's own, written after the flags and before the limits.
+    void AddSetting(const Core::Property& setting);
 
 private:
+    // The default tree is built whenever a setting is added, so GetDefaults only copies it.
+    Core::Property BuildDefaults() const;
+
     ConstraintList m_constraints;
     ValidationRules m_rules;
     const std::string* m_identifierKey;
     std::string m_identifier;
     unsigned m_flags;
     std::array<long long, 4> m_limits;
+    std::vector<Core::Property> m_settings;
+    Core::Property m_defaults;
 };
 
 }  // namespace Tervan::Conf

@@ -58,6 +58,8 @@ std::string FirstVideoStreamPath(const std::string& setting) {
 }  // namespace
 
 DataHelperFormatDVD::DataHelperFormatDVD() : DataHelperFormatContainer(kDescription) {
+    AddSetting(Core::Property(F::TAG_DVD_STANDARD, F::DVD_STANDARD_NTSC));
+    AddSetting(Core::Property(F::TAG_DISK_SIZE, F::DISK_SIZE_DVD_STANDARD));
     const std::string videoCodec = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_CODEC_ID);
     const std::string videoBitrate = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_BITRATE);
     const std::string audioCodec = AudioCodecIdPath();
@@ -90,11 +92,6 @@ DataHelperFormatDVD::~DataHelperFormatDVD() = default;
 
 boost::intrusive_ptr<const IDataHelper> DataHelperFormatDVD::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperFormatDVD());
-}
-
-void DataHelperFormatDVD::AddFormatSettings(Core::Property& format) const {
-    format.SetChildT(F::TAG_DVD_STANDARD, F::DVD_STANDARD_NTSC);
-    format.SetChildT(F::TAG_DISK_SIZE, F::DISK_SIZE_DVD_STANDARD);
 }
 
 }  // namespace Tervan::Conf

@@ -15,8 +15,6 @@ public:
 protected:
     DataHelperFormatDVD();
     ~DataHelperFormatDVD() override;
-
-    void AddFormatSettings(Core::Property& format) const override;
 };
 
 }  // namespace Tervan::Conf

@@ -4,16 +4,22 @@
 
 namespace Tervan::Conf {
 
-boost::intrusive_ptr<const IDataHelper> DataHelperVideoPreview::Create() {
-    return boost::intrusive_ptr<const IDataHelper>(new DataHelperVideoPreview());
-}
+namespace {
 
-DataHelperVideoPreview::~DataHelperVideoPreview() = default;
-
-Core::Property DataHelperVideoPreview::GetDefaults() const {
+Core::Property Defaults() {
     Core::Property settings(Proc::IFilterVideoPreview::CLASS_ID);
     settings.SetChildT(Proc::IFilterVideoPreview::FRAMES_TO_SKIP_COUNT, 10LL);
     return settings;
 }
+
+}  // namespace
+
+boost::intrusive_ptr<const IDataHelper> DataHelperVideoPreview::Create() {
+    return boost::intrusive_ptr<const IDataHelper>(new DataHelperVideoPreview());
+}
+
+DataHelperVideoPreview::DataHelperVideoPreview() : DataHelperFilter(Defaults()) {}
+
+DataHelperVideoPreview::~DataHelperVideoPreview() = default;
 
 }  // namespace Tervan::Conf

@@ -34,19 +34,20 @@ const PairList<Ratio>& FrameRates() {
     return rates;
 }
 
+Core::Property Defaults() {
+    return Proc::IFilterFrameRate::MakeSettings(Ratio(25));
+}
+
 }  // namespace
 
 boost::intrusive_ptr<const IDataHelper> DataHelperVideoResample::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperVideoResample());
 }
 
-DataHelperVideoResample::DataHelperVideoResample() : m_frameRates(ConstraintSet::Create(FrameRates())) {}
+DataHelperVideoResample::DataHelperVideoResample()
+    : DataHelperFilter(Defaults()), m_frameRates(ConstraintSet::Create(FrameRates())) {}
 
 DataHelperVideoResample::~DataHelperVideoResample() = default;
-
-Core::Property DataHelperVideoResample::GetDefaults() const {
-    return Proc::IFilterFrameRate::MakeSettings(Ratio(25));
-}
 
 void DataHelperVideoResample::GetConstraints(Constraints& out) const {
     out[IFormatCodecVideo::TAG_FPS] = m_frameRates;

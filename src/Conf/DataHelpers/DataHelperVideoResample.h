@@ -9,7 +9,6 @@ class TERVAN_API DataHelperVideoResample : public DataHelperFilter {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
 
-    Core::Property GetDefaults() const override;
     void GetConstraints(Constraints& out) const override;
     // The "Auto" mark keeps the codec's (the source's) frame rate.
     void ApplyPresetSettings(const Core::Property& preset, Core::Property& out) const override;

@@ -34,15 +34,7 @@ std::string ResizerPath(const std::string& tag) {
     return IResize::CLASS_ID + Core::Property::SEPARATOR + tag;
 }
 
-}  // namespace
-
-boost::intrusive_ptr<const IDataHelper> DataHelperVideoResize::Create() {
-    return boost::intrusive_ptr<const IDataHelper>(new DataHelperVideoResize());
-}
-
-DataHelperVideoResize::~DataHelperVideoResize() = default;
-
-Core::Property DataHelperVideoResize::GetDefaults() const {
+Core::Property Defaults() {
     // Auto fit (mode 4) with bilinear scaling (method 2) into 800x600 square pixels.
     Proc::SettingsResizer settings;
     settings.mode = Proc::SettingsResizer::MODE_AUTO;
@@ -53,8 +45,17 @@ Core::Property DataHelperVideoResize::GetDefaults() const {
     return Proc::IFilterResize::Settings2Property(settings);
 }
 
+}  // namespace
+
+boost::intrusive_ptr<const IDataHelper> DataHelperVideoResize::Create() {
+    return boost::intrusive_ptr<const IDataHelper>(new DataHelperVideoResize());
+}
+
+DataHelperVideoResize::~DataHelperVideoResize() = default;
+
 DataHelperVideoResize::DataHelperVideoResize()
-    : m_constraints{{ResizerPath(IResize::FRAME_SIZE_MODE), StringSet(kFrameSizeModes)},
+    : DataHelperFilter(Defaults()),
+      m_constraints{{ResizerPath(IResize::FRAME_SIZE_MODE), StringSet(kFrameSizeModes)},
                     {ResizerPath(IResize::MODE), StringSet(kModes)},
                     // Wider than high, and wider than the MPEG codecs allow, on purpose.
                     {ResizerPath(V::TAG_WIDTH), ConstraintRange::Create(32LL, 4096LL, 2LL)},

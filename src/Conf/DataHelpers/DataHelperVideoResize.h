@@ -9,7 +9,6 @@ class TERVAN_API DataHelperVideoResize : public DataHelperFilter {
 public:
     static boost::intrusive_ptr<const IDataHelper> Create();
 
-    Core::Property GetDefaults() const override;
     void GetConstraints(Constraints& out) const override;
     void GetValidationRules(ValidationRules& out) const override;
     // Turns the source frame in out (the video codec's settings) into the filter's output frame.
