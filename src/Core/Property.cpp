@@ -160,12 +160,14 @@ Property& Property::SetChild(const std::string& name, Property&& value) {
     }
     // Take the value over before the children may move: it may be one of them.
     Property taken(std::move(value));
-    taken.m_name = name;
     Property* child = FindChild(name);
     if (child == nullptr) {
+        taken.m_name = name;
         return AppendChild(std::move(taken));
     }
-    *child = std::move(taken);
+    // The child keeps its name, which already is the one asked for.
+    child->m_value = std::move(taken.m_value);
+    child->m_children = std::move(taken.m_children);
     return *child;
 }
 

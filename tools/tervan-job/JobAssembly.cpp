@@ -130,10 +130,12 @@ void ApplyToStream(JobEditor& editor, const StreamRef& stream, const Core::Prope
 void MergeInto(Core::Property& target, const Core::Property& source) {
     for (const Core::Property& child : source) {
         Core::Property* existing = target.FindChild(child.GetName());
-        if (existing != nullptr && existing->GetType() == TYPE_CONTAINER && child.GetType() == TYPE_CONTAINER) {
+        if (existing == nullptr) {
+            target.SetChild(child.GetName(), child);
+        } else if (existing->GetType() == TYPE_CONTAINER && child.GetType() == TYPE_CONTAINER) {
             MergeInto(*existing, child);
         } else {
-            target.SetChild(child.GetName(), child);
+            existing->CopyDataFrom(child);
         }
     }
 }
