@@ -1,10 +1,9 @@
 #include "Conf/DataHelpers/DataHelperFilter.h"
 
-#include <utility>
-
 namespace Tervan::Conf {
 
-DataHelperFilter::DataHelperFilter(Core::Property defaults) : m_defaults(std::move(defaults)) {}
+// Copied, not moved: a copy holds the children in the room they take, where building reserved more.
+DataHelperFilter::DataHelperFilter(const Core::Property& defaults) : m_defaults(defaults) {}
 
 DataHelperFilter::~DataHelperFilter() = default;
 

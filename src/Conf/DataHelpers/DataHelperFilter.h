@@ -23,7 +23,7 @@ public:
     void CorrectFormatCodec(Core::Property& settings) const override;
 
 protected:
-    explicit DataHelperFilter(Core::Property defaults);
+    explicit DataHelperFilter(const Core::Property& defaults);
     ~DataHelperFilter() override;
 
     // A set of strings, each its own label, in table order.

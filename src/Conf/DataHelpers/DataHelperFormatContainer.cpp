@@ -47,7 +47,7 @@ DataHelperFormatContainer::DataHelperFormatContainer(const Description& descript
     if (description.audio.count > 0) {
         SetAudioCodecs(Identifiers(description.audio), *description.audio.defaultId);
     }
-    m_defaults = BuildDefaults();
+    RebuildDefaults();
 }
 
 DataHelperFormatContainer::~DataHelperFormatContainer() = default;
@@ -56,7 +56,7 @@ Core::Property DataHelperFormatContainer::GetDefaults() const {
     return m_defaults;
 }
 
-Core::Property DataHelperFormatContainer::BuildDefaults() const {
+void DataHelperFormatContainer::RebuildDefaults() {
     Core::Property format(IPreset::KEY_FORMAT);
     if (m_identifierKey) {
         format.SetChildT(*m_identifierKey, m_identifier);
@@ -84,7 +84,8 @@ Core::Property DataHelperFormatContainer::BuildDefaults() const {
     if (HasAudioCodecs()) {
         AddStream(streams, IPreset::STREAM_TYPE_AUDIO, IPreset::KEY_FILTER_AUDIO_CODEC, DefaultAudioCodec());
     }
-    return format;
+    // Copied, not moved: a copy holds the children in the room they take, where building reserved more.
+    m_defaults = format;
 }
 
 void DataHelperFormatContainer::GetRequiredObjects(RequiredObjects&) const {}
@@ -113,7 +114,7 @@ void DataHelperFormatContainer::AddConstraint(const std::string& key, const Cons
 
 void DataHelperFormatContainer::AddSetting(const Core::Property& setting) {
     m_settings.push_back(setting);
-    m_defaults = BuildDefaults();
+    RebuildDefaults();
 }
 
 const std::string& DataHelperFormatContainer::VideoCodecKey() {

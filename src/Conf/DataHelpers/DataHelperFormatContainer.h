@@ -82,7 +82,7 @@ protected:
 
 private:
     // The default tree is built whenever a setting is added, so GetDefaults only copies it.
-    Core::Property BuildDefaults() const;
+    void RebuildDefaults();
 
     ConstraintList m_constraints;
     ValidationRules m_rules;
