@@ -1,10 +1,13 @@
+#include "Conf/DataHelpers/DataHelperFormatDVD.h"
 #include "Conf/DataHelpers/FakeConstraintConsumer.h"
 #include "FormatTestSupport.h"
 #include "Proc/SettingsFilterFrameRate.h"
 
 #include <gtest/gtest.h>
 
+#include <thread>
 #include <tuple>
+#include <vector>
 
 using namespace FormatTest;
 
@@ -49,6 +52,24 @@ TEST(DiscFormat, DefaultTrees) {
     EXPECT_EQ(dvd[F::TAG_DVD_STANDARD].GetString(), F::DVD_STANDARD_NTSC);
     ASSERT_EQ(dvd[F::TAG_DISK_SIZE].GetType(), TYPE_INT64);
     EXPECT_EQ(dvd[F::TAG_DISK_SIZE].GetInt64(), F::DISK_SIZE_DVD_STANDARD);
+}
+
+// A format builds its default tree on first use: threads asking first at once all get it whole.
+TEST(DiscFormat, FirstDefaultsFromSeveralThreadsAgree) {
+    const DataHelperPtr fresh = DataHelperFormatDVD::Create();
+    const Property expected = Format(F::FORMAT_DVD)->GetDefaults();
+    std::vector<Property> results(4);
+    std::vector<std::thread> threads;
+    for (Property& result : results) {
+        threads.emplace_back([&] { result = fresh->GetDefaults(); });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    for (const Property& result : results) {
+        EXPECT_EQ(result, expected);
+        EXPECT_EQ(result.GetName(), expected.GetName());
+    }
 }
 
 TEST(DiscFormat, DvdRulesAtTheirBounds) {

@@ -47,16 +47,21 @@ DataHelperFormatContainer::DataHelperFormatContainer(const Description& descript
     if (description.audio.count > 0) {
         SetAudioCodecs(Identifiers(description.audio), *description.audio.defaultId);
     }
-    RebuildDefaults();
 }
 
 DataHelperFormatContainer::~DataHelperFormatContainer() = default;
 
 Core::Property DataHelperFormatContainer::GetDefaults() const {
+    // Built on first use, once: most hosts ask a few formats, and the library loads sooner without the rest.
+    std::call_once(m_defaultsBuilt, [this] {
+        const Core::Property built = BuildDefaults();
+        // Copied, not moved: a copy holds the children in the room they take, where building reserved more.
+        m_defaults = built;
+    });
     return m_defaults;
 }
 
-void DataHelperFormatContainer::RebuildDefaults() {
+Core::Property DataHelperFormatContainer::BuildDefaults() const {
     Core::Property format(IPreset::KEY_FORMAT);
     if (m_identifierKey) {
         format.SetChildT(*m_identifierKey, m_identifier);
@@ -84,8 +89,7 @@ void DataHelperFormatContainer::RebuildDefaults() {
     if (HasAudioCodecs()) {
         AddStream(streams, IPreset::STREAM_TYPE_AUDIO, IPreset::KEY_FILTER_AUDIO_CODEC, DefaultAudioCodec());
     }
-    // Copied, not moved: a copy holds the children in the room they take, where building reserved more.
-    m_defaults = format;
+    return format;
 }
 
 void DataHelperFormatContainer::GetRequiredObjects(RequiredObjects&) const {}
@@ -114,7 +118,6 @@ void DataHelperFormatContainer::AddConstraint(const std::string& key, const Cons
 
 void DataHelperFormatContainer::AddSetting(const Core::Property& setting) {
     m_settings.push_back(setting);
-    RebuildDefaults();
 }
 
 const std::string& DataHelperFormatContainer::VideoCodecKey() {

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstddef>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -81,8 +82,7 @@ protected:
     void AddSetting(const Core::Property& setting);
 
 private:
-    // The default tree is built whenever a setting is added, so GetDefaults only copies it.
-    void RebuildDefaults();
+    Core::Property BuildDefaults() const;
 
     ConstraintList m_constraints;
     ValidationRules m_rules;
@@ -91,7 +91,8 @@ private:
     unsigned m_flags;
     std::array<long long, 4> m_limits;
     std::vector<Core::Property> m_settings;
-    Core::Property m_defaults;
+    mutable std::once_flag m_defaultsBuilt;
+    mutable Core::Property m_defaults;
 };
 
 }  // namespace Tervan::Conf
