@@ -2,19 +2,14 @@
 
 #include "Conf/Interfaces/IFormatFile.h"
 
-#include <array>
-
 namespace Tervan::Conf {
 
-// identifier key, identifier, flags, limits (video, audio, subtitle, other), the one video
-// codec, no audio; the codec list is a temporary, which the base copies.
+// identifier key, identifier, flags, limits (video, audio, subtitle, other); the codec
+// list is set below, from the argument.
 DataHelperFormatImage::DataHelperFormatImage(const std::string& container, const std::string& codec)
-    : DataHelperFormatContainer({&IFormatFile::TAG_CONTAINER,
-                                 &container,
-                                 NO_FLAGS,
-                                 {1, 0, 0, 0},
-                                 {std::array<const std::string*, 1>{&codec}.data(), 1, &codec},
-                                 {}}) {}
+    : DataHelperFormatContainer({&IFormatFile::TAG_CONTAINER, &container, NO_FLAGS, {1, 0, 0, 0}, {}, {}}) {
+    SetVideoCodecs({codec}, codec);
+}
 
 DataHelperFormatImage::~DataHelperFormatImage() = default;
 
