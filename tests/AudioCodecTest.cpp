@@ -219,8 +219,9 @@ TEST(AudioCodec, VorbisBitrateRulesPerSampleRate) {
         bool holds;
     };
     const Case cases[] = {
-        {8000, 48000, true},    {8000, 64000, false},  {11025, 96000, true},  {16000, 16000, false},
-        {22050, 192000, false}, {32000, 320000, true}, {44100, 448000, true}, {48000, 32000, false},
+        {8000, 48000, true},    {8000, 64000, false},  {11025, 96000, true},   {16000, 16000, false},
+        {22050, 192000, false}, {24000, 160000, true}, {24000, 192000, false}, {32000, 320000, true},
+        {44100, 448000, true},  {48000, 32000, false},
     };
     const DataHelperPtr vorbis = AudioHelper(A::CODEC_ID_VORBIS);
     const std::string bitratePath = IPreset::KEY_FILTER_AUDIO_CODEC + "/" + C::TAG_BITRATE;
@@ -235,7 +236,15 @@ TEST(AudioCodec, VorbisBitrateRulesPerSampleRate) {
 
 TEST(AudioCodec, AcceptAnythingCodecs) {
     const DataHelperPtr ac3 = AudioHelper(A::CODEC_ID_AC3);
-    EXPECT_EQ(ConstraintsOf(*ac3).size(), 2u);
+    for (const DataHelperPtr& codec : {ac3, AudioHelper(A::CODEC_ID_DTS)}) {
+        const IDataHelper::Constraints constraints = ConstraintsOf(*codec);
+        ASSERT_EQ(constraints.size(), 2u);
+        for (const std::string& tag : {C::TAG_BITRATE, C::TAG_BITRATE_MODE}) {
+            ASSERT_EQ(constraints.count(tag), 1u) << tag;
+            EXPECT_TRUE(constraints.at(tag)->IsValid(Core::Property("", std::string("anything"))));
+            EXPECT_TRUE(constraints.at(tag)->IsValid(Core::Property("", 1LL)));
+        }
+    }
     // Its one rule accepts any sample rate; the encoder's own lists are not enforced.
     const IDataHelper::ValidationRules rules = RulesOf(*ac3);
     ASSERT_EQ(rules.size(), 1u);

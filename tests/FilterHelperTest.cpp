@@ -185,20 +185,26 @@ TEST(DataHelperVideoResize, EvenSizeRulesStandAlone) {
 
 TEST(DataHelperVideoResize, PresetTurnsTheSourceIntoTheEncoderFrame) {
     struct Case {
+        const std::string& frameSizeMode;
         const std::string& mode;
         long long width, height, aspectX, aspectY;
     };
-    // A 1920x1080 square-pixel source into a 720x576 box. The other modes and frame sizes are covered
-    // by SettingsResizer.OutputFrameHonoursShapesAndEvenSizes, the automatic one also below.
+    // A 1920x1080 square-pixel source into a 720x576 box.
     const Case cases[] = {
-        {Proc::IResize::MODE_LETTERBOX, 720, 576, 1, 1},
-        {Proc::IResize::MODE_CROP, 720, 576, 1, 1},
-        {Proc::IResize::MODE_SMART_FIT, 720, 406, 1, 1},
+        {Proc::IResize::FRAME_SIZE_CUSTOM, Proc::IResize::MODE_LETTERBOX, 720, 576, 1, 1},
+        {Proc::IResize::FRAME_SIZE_CUSTOM, Proc::IResize::MODE_STRETCH, 720, 576, 1, 1},
+        {Proc::IResize::FRAME_SIZE_CUSTOM, Proc::IResize::MODE_CROP, 720, 576, 1, 1},
+        {Proc::IResize::FRAME_SIZE_CUSTOM, Proc::IResize::MODE_SMART_FIT, 720, 406, 1, 1},
+        {Proc::IResize::FRAME_SIZE_CUSTOM, Proc::IResize::MODE_UP_TO, 720, 406, 1, 1},
+        {Proc::IResize::FRAME_SIZE_CUSTOM, Proc::IResize::MODE_AUTO, 720, 576, 64, 45},
+        {Proc::IResize::FRAME_SIZE_HALF_ORIGINAL, Proc::IResize::MODE_AUTO, 960, 540, 1, 1},
+        {Proc::IResize::FRAME_SIZE_CUSTOM_SCALE, Proc::IResize::MODE_AUTO, 720, 406, 1, 1},
     };
     const DataHelperPtr helper = Filter(Proc::IFilterResize::CLASS_ID);
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.mode);
+        SCOPED_TRACE(c.frameSizeMode + " " + c.mode);
         Property preset = helper->GetDefaults();
+        preset.ChildByPath(Resizer(Proc::IResize::FRAME_SIZE_MODE)) = c.frameSizeMode;
         preset.ChildByPath(Resizer(Proc::IResize::MODE)) = c.mode;
         preset.ChildByPath(Resizer(V::TAG_WIDTH)) = 720LL;
         preset.ChildByPath(Resizer(V::TAG_HEIGHT)) = 576LL;

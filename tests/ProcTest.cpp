@@ -28,8 +28,7 @@ void PrintTo(const FrameInfo& f, std::ostream* os) {
 }
 }  // namespace Tervan::Conf
 
-// Letterbox, crop and smart fit of a 1920x1080 square-pixel source into a custom box are covered
-// through the resize helper's preset.
+// The plain modes on a 1920x1080 square-pixel source are covered through the resize helper's preset.
 TEST(SettingsResizer, OutputFrameHonoursShapesAndEvenSizes) {
     using M = SettingsResizer;
     const FrameInfo fullHd{1920, 1080, 1, 1}, palWide{720, 576, 64, 45};  // both 16:9

@@ -278,10 +278,14 @@ TEST_F(TervanJob, OptionsForH264ListTheTenPresetsInOrder) {
             }
         }
     }
-    // The helper's order, not sorted: "ultrafast" sorts after "placebo".
-    ASSERT_EQ(presets.size(), 10u);
-    EXPECT_EQ(presets.front(), IFormatCodecVideo::TAG_X264_PRESET_ULTRAFAST);
-    EXPECT_EQ(presets.back(), IFormatCodecVideo::TAG_X264_PRESET_PLACEBO);
+    const std::vector<std::string> expected = {
+        IFormatCodecVideo::TAG_X264_PRESET_ULTRAFAST, IFormatCodecVideo::TAG_X264_PRESET_SUPERFAST,
+        IFormatCodecVideo::TAG_X264_PRESET_VERYFAST,  IFormatCodecVideo::TAG_X264_PRESET_FASTER,
+        IFormatCodecVideo::TAG_X264_PRESET_FAST,      IFormatCodecVideo::TAG_X264_PRESET_MEDIUM,
+        IFormatCodecVideo::TAG_X264_PRESET_SLOW,      IFormatCodecVideo::TAG_X264_PRESET_SLOWER,
+        IFormatCodecVideo::TAG_X264_PRESET_VERYSLOW,  IFormatCodecVideo::TAG_X264_PRESET_PLACEBO,
+    };
+    EXPECT_EQ(presets, expected);
     ASSERT_EQ(document["rules"].size(), 1u);
     EXPECT_EQ(document["rules"][0]["then"]["path"], "video_codec/encoder_options/profile");
 

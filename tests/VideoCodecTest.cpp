@@ -107,6 +107,8 @@ TEST(VideoCodec, EveryHelpersDefaultsAndRequiredFilters) {
         }
         EXPECT_EQ(required, expected);
     }
+    // FLV1 is also the one whose defaults name their encoder.
+    EXPECT_EQ(VideoHelper(V::CODEC_ID_FLV1)->GetDefaults()[C::TAG_NAME].GetString(), "flv");
 }
 
 TEST(VideoCodec, AdmittedBitrateModes) {
