@@ -116,6 +116,15 @@ TEST(Property, SetChildTakesItsValueFromTheSameTree) {
     root.SetChild("moved", std::move(root["copy0"]));
     EXPECT_EQ(root["moved"]["id"].GetString(), "aac");
     EXPECT_EQ(root["moved"].GetName(), "moved");
+    // The name may be the moved value's own, once as a new child and once replacing one.
+    Property parent("parent");
+    for (int round = 0; round < 2; ++round) {
+        Property own("own", round);
+        parent.SetChild(own.GetName(), std::move(own));
+        ASSERT_EQ(parent.Count(), 1u);
+        EXPECT_EQ(parent[0ul].GetName(), "own");
+        EXPECT_EQ(parent[0ul].GetInt64(), round);
+    }
 }
 
 TEST(Property, CreateChildTAppendsWithoutLookingSetChildTReplaces) {

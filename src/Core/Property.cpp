@@ -158,11 +158,13 @@ Property& Property::SetChild(const std::string& name, Property&& value) {
     if (GetType() != TYPE_CONTAINER) {
         BOOST_THROW_EXCEPTION(NotApplicable("SetChild"));
     }
-    // Take the value over before the children may move: it may be one of them.
+    // Take the value over before the children may move: it may be one of them, and name may be its own.
+    const bool ownName = &name == &value.m_name;
     Property taken(std::move(value));
-    Property* child = FindChild(name);
+    const std::string& wanted = ownName ? taken.m_name : name;
+    Property* child = FindChild(wanted);
     if (child == nullptr) {
-        taken.m_name = name;
+        taken.m_name = wanted;
         return AppendChild(std::move(taken));
     }
     // The child keeps its name, which already is the one asked for.

@@ -16,7 +16,7 @@ struct NewJobRequest {
 };
 
 // Copies source's children into target; containers on both sides are merged, any
-// other child replaces the one of its name.
+// other child replaces the one of its name. source must not lie inside target.
 void MergeInto(Core::Property& target, const Core::Property& source);
 
 // The format's default tree with every stream's codec in full and the filters it

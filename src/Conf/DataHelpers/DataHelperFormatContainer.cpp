@@ -53,7 +53,8 @@ DataHelperFormatContainer::~DataHelperFormatContainer() = default;
 
 Core::Property DataHelperFormatContainer::GetDefaults() const {
     // Built on first use, once: most hosts ask a few formats, and the library loads sooner without the rest.
-    std::call_once(m_defaultsBuilt, [this] {
+    // By then the subclass has set its codec lists and settings, which never change afterwards.
+    std::call_once(m_defaultsOnce, [this] {
         const Core::Property built = BuildDefaults();
         // Copied, not moved: a copy holds the children in the room they take, where building reserved more.
         m_defaults = built;

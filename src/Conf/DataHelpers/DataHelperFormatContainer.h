@@ -91,7 +91,7 @@ private:
     unsigned m_flags;
     std::array<long long, 4> m_limits;
     std::vector<Core::Property> m_settings;
-    mutable std::once_flag m_defaultsBuilt;
+    mutable std::once_flag m_defaultsOnce;
     mutable Core::Property m_defaults;
 };
 

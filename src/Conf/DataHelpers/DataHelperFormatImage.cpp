@@ -4,8 +4,8 @@
 
 namespace Tervan::Conf {
 
-// identifier key, identifier, flags, limits (video, audio, subtitle, other); the codec
-// list is set below, from the argument.
+// identifier key, identifier, flags, limits (video, audio, subtitle, other); the one codec
+// comes from the argument, so it is set here, before anything asks for the default tree.
 DataHelperFormatImage::DataHelperFormatImage(const std::string& container, const std::string& codec)
     : DataHelperFormatContainer({&IFormatFile::TAG_CONTAINER, &container, NO_FLAGS, {1, 0, 0, 0}, {}, {}}) {
     SetVideoCodecs({codec}, codec);
