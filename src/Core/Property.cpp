@@ -9,11 +9,13 @@
 
 namespace Tervan::Core {
 
-const std::string Property::SEPARATOR = "/";
-
 namespace {
+// Known to the compiler, so that a path is split by a search for one character.
+constexpr std::string_view kSeparator = "/";
 constexpr std::size_t MIN_CAPACITY = 8;
 }  // namespace
+
+const std::string Property::SEPARATOR{kSeparator};
 
 Property::Property() = default;
 
@@ -195,12 +197,12 @@ const Property* Property::FindChildByPath(std::string_view path) const {
     // Rules and constraints look paths up on every check: walk them without copying names.
     const Property* node = this;
     for (;;) {
-        const std::string_view::size_type end = path.find(SEPARATOR);
+        const std::string_view::size_type end = path.find(kSeparator);
         node = node->FindChild(path.substr(0, end));
         if (node == nullptr || end == std::string_view::npos) {
             return node;
         }
-        path.remove_prefix(end + SEPARATOR.size());
+        path.remove_prefix(end + kSeparator.size());
     }
 }
 
