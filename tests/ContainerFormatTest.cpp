@@ -123,7 +123,7 @@ TEST(ContainerFormat, CodecListsRepairToTheDefault) {
     }
 }
 
-// CorrectFormatCodec (Part 4.1) repairs exactly the rates that the rules report broken.
+// CorrectFormatCodec repairs exactly the rates that the rules report broken.
 TEST(ContainerFormat, SampleRateRulesAndTheirCorrection) {
     struct Case {
         std::string format, codec;
