@@ -21,10 +21,6 @@ std::string ResamplerPath(const std::string& tag) {
     return Proc::IResample::CLASS_ID + Core::Property::SEPARATOR + tag;
 }
 
-Core::Property Defaults() {
-    return Proc::IFilterResample::MakeSettings(CH_LAYOUT_STEREO, 44100);
-}
-
 }  // namespace
 
 boost::intrusive_ptr<const IDataHelper> DataHelperAudioResample::Create() {
@@ -34,7 +30,7 @@ boost::intrusive_ptr<const IDataHelper> DataHelperAudioResample::Create() {
 DataHelperAudioResample::~DataHelperAudioResample() = default;
 
 DataHelperAudioResample::DataHelperAudioResample()
-    : DataHelperFilter(Defaults()),
+    : DataHelperFilter(Proc::IFilterResample::MakeSettings(CH_LAYOUT_STEREO, 44100)),
       m_constraints{{ResamplerPath(A::TAG_LAYOUT), StringSet(kLayouts)},
                     {ResamplerPath(A::TAG_SAMPLE_RATE), ConstraintSet::Create(CreatePairValueList(kSampleRates))}} {}
 

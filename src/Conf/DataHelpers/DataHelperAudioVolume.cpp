@@ -6,21 +6,14 @@
 
 namespace Tervan::Conf {
 
-namespace {
-
-Core::Property Defaults() {
-    return Proc::IFilterAudioVolume::Settings2Property(Proc::SettingsFilterAudioVolume());
-}
-
-}  // namespace
-
 boost::intrusive_ptr<const IDataHelper> DataHelperAudioVolume::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperAudioVolume());
 }
 
 // Percent: silence up to twice the source's level.
 DataHelperAudioVolume::DataHelperAudioVolume()
-    : DataHelperFilter(Defaults()), m_volume(ConstraintRange::Create(0LL, 200LL, 0LL)) {}
+    : DataHelperFilter(Proc::IFilterAudioVolume::Settings2Property(Proc::SettingsFilterAudioVolume())),
+      m_volume(ConstraintRange::Create(0LL, 200LL, 0LL)) {}
 
 DataHelperAudioVolume::~DataHelperAudioVolume() = default;
 

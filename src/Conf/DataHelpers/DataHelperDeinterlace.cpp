@@ -11,19 +11,11 @@
 
 namespace Tervan::Conf {
 
-namespace {
-
-Core::Property Defaults() {
-    return Proc::IFilterDeinterlace::MakeSettings(true);
-}
-
-}  // namespace
-
 boost::intrusive_ptr<const IDataHelper> DataHelperDeinterlace::Create() {
     return boost::intrusive_ptr<const IDataHelper>(new DataHelperDeinterlace());
 }
 
-DataHelperDeinterlace::DataHelperDeinterlace() : DataHelperFilter(Defaults()) {}
+DataHelperDeinterlace::DataHelperDeinterlace() : DataHelperFilter(Proc::IFilterDeinterlace::MakeSettings(true)) {}
 
 DataHelperDeinterlace::~DataHelperDeinterlace() = default;
 

@@ -34,10 +34,6 @@ const PairList<Ratio>& FrameRates() {
     return rates;
 }
 
-Core::Property Defaults() {
-    return Proc::IFilterFrameRate::MakeSettings(Ratio(25));
-}
-
 }  // namespace
 
 boost::intrusive_ptr<const IDataHelper> DataHelperVideoResample::Create() {
@@ -45,7 +41,8 @@ boost::intrusive_ptr<const IDataHelper> DataHelperVideoResample::Create() {
 }
 
 DataHelperVideoResample::DataHelperVideoResample()
-    : DataHelperFilter(Defaults()), m_frameRates(ConstraintSet::Create(FrameRates())) {}
+    : DataHelperFilter(Proc::IFilterFrameRate::MakeSettings(Ratio(25))),
+      m_frameRates(ConstraintSet::Create(FrameRates())) {}
 
 DataHelperVideoResample::~DataHelperVideoResample() = default;
 
