@@ -119,10 +119,9 @@ PlanResult PlanMp4Job(const boost::intrusive_ptr<DialogConsumer>& dialog) {
         codec->CorrectFormatCodec(codecNode);
         if (audio) {
             // The format corrects its own audio section, whose node name differs from the stream's.
-            Core::Property section = codecNode;
-            section.SetName(Conf::IFormatCodecAudio::TAG_FORMAT_CODEC_AUDIO);
-            format->CorrectFormatCodec(section);
-            codecNode.CopyDataFrom(section);
+            codecNode.SetName(Conf::IFormatCodecAudio::TAG_FORMAT_CODEC_AUDIO);
+            format->CorrectFormatCodec(codecNode);
+            codecNode.SetName(codecKey);
         }
         for (const Job::Twin& twin : Job::Twins()) {
             if (twin.audio == audio && twin.keptInStep) {

@@ -127,15 +127,15 @@ void ApplyToStream(JobEditor& editor, const StreamRef& stream, const Core::Prope
 
 }  // namespace
 
-void MergeInto(Core::Property& target, const Core::Property& source) {
-    for (const Core::Property& child : source) {
+void MergeInto(Core::Property& target, Core::Property source) {
+    // source is ours: its children move instead of being copied a second time.
+    for (unsigned long i = 0; i < source.Count(); ++i) {
+        Core::Property& child = source[i];
         Core::Property* existing = target.FindChild(child.GetName());
-        if (existing == nullptr) {
-            target.SetChild(child.GetName(), child);
-        } else if (existing->GetType() == TYPE_CONTAINER && child.GetType() == TYPE_CONTAINER) {
-            MergeInto(*existing, child);
+        if (existing != nullptr && existing->GetType() == TYPE_CONTAINER && child.GetType() == TYPE_CONTAINER) {
+            MergeInto(*existing, std::move(child));
         } else {
-            existing->CopyDataFrom(child);
+            target.SetChild(child.GetName(), std::move(child));
         }
     }
 }

@@ -15,9 +15,9 @@ struct NewJobRequest {
     bool automatic = false;
 };
 
-// Copies source's children into target; containers on both sides are merged, any
-// other child replaces the one of its name. source must not lie inside target.
-void MergeInto(Core::Property& target, const Core::Property& source);
+// Puts source's children into target; containers on both sides are merged, any
+// other child replaces the one of its name.
+void MergeInto(Core::Property& target, Core::Property source);
 
 // The format's default tree with every stream's codec in full and the filters it
 // requires, corrected.
