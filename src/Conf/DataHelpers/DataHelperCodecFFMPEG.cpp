@@ -279,9 +279,12 @@ const DataHelperCodecFFMPEG::Consulted& DataHelperCodecFFMPEG::ConsultedLists() 
     std::call_once(m_consultedOnce, [this] {
         Constraints constraints;
         GetConstraints(constraints);
+        const Core::Property defaults = GetDefaults();
         for (const std::string* tag : kBitrateTags) {
             const auto found = constraints.find(*tag);
             m_consulted.bitrate.push_back(found != constraints.end() ? found->second : nullptr);
+            const Core::Property* fallback = defaults.FindChild(*tag);
+            m_consulted.fallback.push_back(fallback != nullptr ? std::optional(*fallback) : std::nullopt);
         }
         ValidationRules rules;
         GetValidationRules(rules);
@@ -309,21 +312,16 @@ void DataHelperCodecFFMPEG::CorrectAudioResamplerSettings(Core::Property& settin
 }
 
 void DataHelperCodecFFMPEG::CorrectBitrate(Core::Property& settings) const {
-    const std::vector<ConstraintPtr>& constraints = ConsultedLists().bitrate;
-    // Most trees need no fallback: the defaults are built only for one that does.
-    std::optional<Core::Property> defaults;
-    for (std::size_t i = 0; i < constraints.size(); ++i) {
+    const Consulted& consulted = ConsultedLists();
+    for (std::size_t i = 0; i < consulted.bitrate.size(); ++i) {
         const std::string& tag = *kBitrateTags[i];
         if (Core::Property* value = settings.FindChild(tag)) {
-            if (constraints[i] && constraints[i]->Fixup(*value)) {
+            if (consulted.bitrate[i] && consulted.bitrate[i]->Fixup(*value)) {
                 continue;
             }
         }
-        if (!defaults) {
-            defaults = GetDefaults();
-        }
-        if (const Core::Property* fallback = defaults->FindChild(tag)) {
-            settings.SetChild(tag, *fallback);
+        if (consulted.fallback[i]) {
+            settings.SetChild(tag, *consulted.fallback[i]);
         }
     }
 }

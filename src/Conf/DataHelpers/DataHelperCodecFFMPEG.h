@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -77,11 +78,12 @@ protected:
     }
 
 private:
-    // What the corrections consult, taken once from this helper's own lists, overrides
-    // included: a correction then looks up three settings instead of building the lists.
+    // What the corrections consult, taken once from this helper's own lists and defaults,
+    // overrides included: a correction then looks up three settings instead of building them.
     struct Consulted {
-        std::vector<ConstraintPtr> bitrate;    // per bitrate setting, its constraint or null
-        std::vector<ConstraintPtr> resampler;  // per resampler setting, its rule's constraint or null
+        std::vector<ConstraintPtr> bitrate;                   // per bitrate setting, its constraint or null
+        std::vector<std::optional<Core::Property>> fallback;  // per bitrate setting, its default if any
+        std::vector<ConstraintPtr> resampler;                 // per resampler setting, its rule's constraint or null
     };
     const Consulted& ConsultedLists() const;
 
