@@ -110,8 +110,11 @@ PlanResult PlanMp4Job(const boost::intrusive_ptr<DialogConsumer>& dialog) {
         // Values the stream holds twice start from the filter's side; once corrected
         // by the codec they are copied back, so rules reading either side agree.
         for (const Job::Twin& twin : Job::Twins()) {
+            if (twin.audio != audio) {
+                continue;
+            }
             const Core::Property* filterValue = stream.FindChildByPath(twin.filterPath);
-            if (twin.audio == audio && filterValue != nullptr && stream.FindChildByPath(twin.codecPath) == nullptr) {
+            if (filterValue != nullptr && stream.FindChildByPath(twin.codecPath) == nullptr) {
                 Job::SetAt(stream, twin.codecPath, Core::Property(*filterValue));
             }
         }

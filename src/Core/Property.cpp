@@ -176,9 +176,10 @@ Property& Property::SetChild(const std::string& name, Property&& value) {
 }
 
 Property& Property::AppendChild(Property&& child) {
-    // Settings nodes hold a handful of children: skip the growth steps below that.
-    if (m_children.empty()) {
-        m_children.reserve(MIN_CAPACITY);
+    // Settings nodes hold a handful of children: skip the growth steps below that, also for
+    // a node copied without room to spare.
+    if (m_children.size() == m_children.capacity()) {
+        m_children.reserve(std::max(MIN_CAPACITY, 2 * m_children.size()));
     }
     return m_children.emplace_back(std::move(child));
 }
