@@ -9,7 +9,7 @@ packages=(
   libboost-dev libboost-stacktrace-dev libboost-program-options-dev
   nlohmann-json3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  clang-format clang-tidy
+  clang-format clang-tidy valgrind
 )
 if [ "${TERVAN_AVCODEC_EXTRA:-1}" = 1 ]; then
   packages+=(libavcodec-extra)
