@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # Counts the instructions one typical MP4 request executes, under callgrind: a figure
-# that, unlike a time, does not move with the virtual machine's load.
-# Usage: scripts/instructions.sh [function pattern, default Tervan::Bench::PlanMp4Job*]
+# that, unlike a time, does not move with the virtual machine's load. The profile stays
+# in build/release/callgrind.out for callgrind_annotate.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-pattern=${1:-'Tervan::Bench::PlanMp4Job*'}
+out=build/release/callgrind.out
 cmake --preset release >/dev/null
 cmake --build --preset release --target tervan_bench >/dev/null
 
@@ -22,15 +22,17 @@ if [ -n "$hwy" ] && ! grep -qw rdtscp /proc/cpuinfo; then
   library_path="$work/lib"
 fi
 
-LD_LIBRARY_PATH="$library_path" valgrind --tool=callgrind --callgrind-out-file="$work/out" \
-  --toggle-collect="$pattern" build/release/bin/tervan_bench \
-  --benchmark_filter='TypicalMp4Request/real_time/threads:1$' --benchmark_min_time=0.05 >/dev/null 2>"$work/log"
+if ! LD_LIBRARY_PATH="$library_path" valgrind --tool=callgrind --callgrind-out-file="$out" \
+  --toggle-collect='Tervan::Bench::PlanMp4Job*' build/release/bin/tervan_bench \
+  --benchmark_filter='TypicalMp4Request/real_time/threads:1$' --benchmark_min_time=0.05 >/dev/null 2>"$work/log"; then
+  cat "$work/log" >&2
+  exit 1
+fi
 
 # Instructions collected inside the function, divided by the calls made to it.
 perl -ne '
-  BEGIN { ($glob = shift @ARGV) =~ s/\*/.*/g; }
   if (/^(c?fn)=\((\d+)\)(?: (.*))?$/) { $name{$2} = $3 if defined $3; $callee = $1 eq "cfn" ? $2 : undef; next; }
-  if (defined $callee && /^calls=(\d+)/) { my $n = $1; $calls += $n if $name{$callee} =~ /^$glob$/; $callee = undef; next; }
+  if (defined $callee && /^calls=(\d+)/) { my $n = $1; $calls += $n if $name{$callee} =~ /^Tervan::Bench::PlanMp4Job/; $callee = undef; next; }
   $total = $1 if /^summary: (\d+)/;
-  END { printf "%.1f k instructions per call (%d calls)\n", $total / $calls / 1000, $calls if $calls; }
-' "$pattern" "$work/out"
+  END { die "no typical request was profiled\n" unless $calls; printf "%.1f k instructions per request (%d requests)\n", $total / $calls / 1000, $calls; }
+' "$out"

@@ -282,9 +282,9 @@ const DataHelperCodecFFMPEG::Consulted& DataHelperCodecFFMPEG::ConsultedLists() 
         const Core::Property defaults = GetDefaults();
         for (const std::string* tag : kBitrateTags) {
             const auto found = constraints.find(*tag);
-            m_consulted.bitrate.push_back(found != constraints.end() ? found->second : nullptr);
             const Core::Property* fallback = defaults.FindChild(*tag);
-            m_consulted.fallback.push_back(fallback != nullptr ? std::optional(*fallback) : std::nullopt);
+            m_consulted.bitrate.push_back({found != constraints.end() ? found->second : nullptr,
+                                           fallback != nullptr ? std::optional(*fallback) : std::nullopt});
         }
         ValidationRules rules;
         GetValidationRules(rules);
@@ -312,16 +312,16 @@ void DataHelperCodecFFMPEG::CorrectAudioResamplerSettings(Core::Property& settin
 }
 
 void DataHelperCodecFFMPEG::CorrectBitrate(Core::Property& settings) const {
-    const Consulted& consulted = ConsultedLists();
-    for (std::size_t i = 0; i < consulted.bitrate.size(); ++i) {
+    const std::vector<BitrateSetting>& consulted = ConsultedLists().bitrate;
+    for (std::size_t i = 0; i < consulted.size(); ++i) {
         const std::string& tag = *kBitrateTags[i];
         if (Core::Property* value = settings.FindChild(tag)) {
-            if (consulted.bitrate[i] && consulted.bitrate[i]->Fixup(*value)) {
+            if (consulted[i].constraint && consulted[i].constraint->Fixup(*value)) {
                 continue;
             }
         }
-        if (consulted.fallback[i]) {
-            settings.SetChild(tag, *consulted.fallback[i]);
+        if (consulted[i].fallback) {
+            settings.SetChild(tag, *consulted[i].fallback);
         }
     }
 }

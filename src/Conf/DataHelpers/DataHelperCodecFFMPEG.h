@@ -80,10 +80,13 @@ protected:
 private:
     // What the corrections consult, taken once from this helper's own lists and defaults,
     // overrides included: a correction then looks up three settings instead of building them.
+    struct BitrateSetting {
+        ConstraintPtr constraint;                // null when the helper has none
+        std::optional<Core::Property> fallback;  // the default, when there is one
+    };
     struct Consulted {
-        std::vector<ConstraintPtr> bitrate;                   // per bitrate setting, its constraint or null
-        std::vector<std::optional<Core::Property>> fallback;  // per bitrate setting, its default if any
-        std::vector<ConstraintPtr> resampler;                 // per resampler setting, its rule's constraint or null
+        std::vector<BitrateSetting> bitrate;   // per bitrate setting, in correction order
+        std::vector<ConstraintPtr> resampler;  // per resampler setting, its rule's constraint or null
     };
     const Consulted& ConsultedLists() const;
 
