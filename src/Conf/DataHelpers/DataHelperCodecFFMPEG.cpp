@@ -85,8 +85,8 @@ void CopyIfPresent(const Core::Property& from, Core::Property& to, const std::st
 // As a stream writes it with precision 5, without a stream's set-up cost.
 std::string FrameRateLabel(const boost::rational<long long>& rate) {
     std::array<char, 32> label{};
-    const std::to_chars_result written = std::to_chars(label.data(), label.data() + label.size(),
-                                                       boost::rational_cast<double>(rate), std::chars_format::general, 5);
+    const std::to_chars_result written = std::to_chars(
+        label.data(), label.data() + label.size(), boost::rational_cast<double>(rate), std::chars_format::general, 5);
     return std::string(label.data(), written.ptr);
 }
 
