@@ -9,32 +9,12 @@ extern "C" {
 }
 
 #include <array>
-#include <string_view>
-#include <unordered_map>
 
 namespace Tervan::Conf {
-namespace {
-
-using DescriptorIndex = std::unordered_map<std::string_view, AVCodecID>;
-
-// Every codec helper asks for its id while the library loads, and libavcodec's own
-// lookup compares the name with each of its several hundred descriptors in turn.
-// The first descriptor of a name wins, as in libavcodec's walk.
-DescriptorIndex BuildDescriptorIndex() {
-    DescriptorIndex index;
-    for (const AVCodecDescriptor* descriptor = avcodec_descriptor_next(nullptr); descriptor != nullptr;
-         descriptor = avcodec_descriptor_next(descriptor)) {
-        index.emplace(descriptor->name, descriptor->id);
-    }
-    return index;
-}
-
-}  // namespace
 
 int CodecIDFromTextID(const std::string& textId) {
-    static const DescriptorIndex index = BuildDescriptorIndex();
-    const auto found = index.find(textId);
-    return found == index.end() ? AV_CODEC_ID_NONE : found->second;
+    const AVCodecDescriptor* descriptor = avcodec_descriptor_get_by_name(textId.c_str());
+    return descriptor == nullptr ? AV_CODEC_ID_NONE : descriptor->id;
 }
 
 }  // namespace Tervan::Conf

@@ -20,8 +20,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdint>
+#include <cstdio>
 #include <optional>
 #include <stdexcept>
 
@@ -85,9 +85,8 @@ void CopyIfPresent(const Core::Property& from, Core::Property& to, const std::st
 // As a stream writes it with precision 5, without a stream's set-up cost.
 std::string FrameRateLabel(const boost::rational<long long>& rate) {
     std::array<char, 32> label{};
-    const std::to_chars_result written = std::to_chars(
-        label.data(), label.data() + label.size(), boost::rational_cast<double>(rate), std::chars_format::general, 5);
-    return std::string(label.data(), written.ptr);
+    const int length = std::snprintf(label.data(), label.size(), "%.5g", boost::rational_cast<double>(rate));
+    return std::string(label.data(), static_cast<std::size_t>(length));
 }
 
 void ApplyVideoPreset(const Core::Property& preset, Core::Property& out, const std::string& codecId) {
@@ -154,7 +153,8 @@ const std::string* const BitrateModes::CBR_ONLY[1] = {&IFormatCodec::TAG_BITRATE
 
 DataHelperCodecFFMPEG::DataHelperCodecFFMPEG(const std::string& codecId, MediaType type)
     : m_codecId(codecId),
-      m_encoderName(Media::EncoderFromCodec(CodecIDFromTextID(codecId))),
+      m_libavcodecId(CodecIDFromTextID(codecId)),
+      m_encoderName(Media::EncoderFromCodec(m_libavcodecId)),
       m_mediaType(type),
       m_presetKey(type == MEDIA_TYPE_AUDIO ? IPreset::KEY_FILTER_AUDIO_CODEC : IPreset::KEY_FILTER_VIDEO_CODEC) {
     load();
@@ -189,8 +189,7 @@ void DataHelperCodecFFMPEG::load() {
     m_sampleRates.clear();
     m_channelLayouts.clear();
     m_frameRates.clear();
-    const std::optional<Media::EncoderDescription> encoder =
-        Media::FindEncoder(m_encoderName, CodecIDFromTextID(m_codecId));
+    const std::optional<Media::EncoderDescription> encoder = Media::FindEncoder(m_encoderName, m_libavcodecId);
     if (!encoder) {
         return;
     }

@@ -91,6 +91,8 @@ private:
     const Consulted& ConsultedLists() const;
 
     std::string m_codecId;
+    // libavcodec's number for the codec id: its lookup walks every codec descriptor.
+    int m_libavcodecId;
     std::string m_encoderName;
     MediaType m_mediaType;
     std::string m_presetKey;
