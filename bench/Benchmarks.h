@@ -18,6 +18,9 @@ inline constexpr const char* LOAD_AVCODEC = "Load/libavcodec";
 // libavcodec once it has looked up an encoder: what any encoding host pays first.
 inline constexpr const char* LOAD_AVCODEC_LOOKUP = "Load/libavcodec+lookup";
 inline constexpr const char* LOAD_DATAHELPERS = "Load/datahelpers";
+// The library loaded into a process that has libavcodec loaded and an encoder looked up:
+// what the library adds, measured directly rather than as a difference of two loads.
+inline constexpr const char* LOAD_DATAHELPERS_ADDED = "Load/datahelpers-after-libavcodec";
 // The load benchmarks report the resident memory a fresh process gained.
 inline constexpr const char* RESIDENT_KIB = "resident_KiB";
 

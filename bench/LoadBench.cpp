@@ -22,7 +22,8 @@ struct ProbeResult {
     std::string error;
 };
 
-ProbeResult RunProbe(const char* mode, const char* library) {
+// avcodec, when given, is the libavcodec the probe loads before it starts measuring.
+ProbeResult RunProbe(const char* mode, const char* library, const char* avcodec) {
     ProbeResult result;
     int pipeEnds[2];
     if (pipe(pipeEnds) != 0) {
@@ -33,8 +34,8 @@ ProbeResult RunProbe(const char* mode, const char* library) {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, pipeEnds[1], STDOUT_FILENO);
     posix_spawn_file_actions_addclose(&actions, pipeEnds[0]);
-    std::array<char*, 4> arguments = {const_cast<char*>(TERVAN_LOAD_PROBE), const_cast<char*>(mode),
-                                      const_cast<char*>(library), nullptr};
+    std::array<char*, 5> arguments = {const_cast<char*>(TERVAN_LOAD_PROBE), const_cast<char*>(mode),
+                                      const_cast<char*>(library), const_cast<char*>(avcodec), nullptr};
     pid_t child = 0;
     const int spawned = posix_spawn(&child, TERVAN_LOAD_PROBE, &actions, nullptr, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
@@ -62,10 +63,10 @@ ProbeResult RunProbe(const char* mode, const char* library) {
     return result;
 }
 
-void Load(benchmark::State& state, const char* mode, const char* library) {
+void Load(benchmark::State& state, const char* mode, const char* library, const char* avcodec) {
     double residentKiB = 0;
     for (auto _ : state) {
-        const ProbeResult probe = RunProbe(mode, library);
+        const ProbeResult probe = RunProbe(mode, library, avcodec);
         if (!probe.error.empty()) {
             state.SkipWithError(probe.error.c_str());
             return;
@@ -81,15 +82,20 @@ void Load(benchmark::State& state, const char* mode, const char* library) {
 void RegisterLoadBenchmarks() {
     // A few dozen processes per run: enough for a stable median, short enough to wait for.
     constexpr int PROCESSES = 40;
-    benchmark::RegisterBenchmark(LOAD_AVCODEC, Load, "plain", TERVAN_AVCODEC_LIBRARY)
+    benchmark::RegisterBenchmark(LOAD_AVCODEC, Load, "plain", TERVAN_AVCODEC_LIBRARY, nullptr)
         ->UseManualTime()
         ->Iterations(PROCESSES)
         ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark(LOAD_AVCODEC_LOOKUP, Load, "encoder", TERVAN_AVCODEC_LIBRARY)
+    benchmark::RegisterBenchmark(LOAD_AVCODEC_LOOKUP, Load, "encoder", TERVAN_AVCODEC_LIBRARY, nullptr)
         ->UseManualTime()
         ->Iterations(PROCESSES)
         ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark(LOAD_DATAHELPERS, Load, "registry", TERVAN_DATAHELPERS_LIBRARY)
+    benchmark::RegisterBenchmark(LOAD_DATAHELPERS, Load, "registry", TERVAN_DATAHELPERS_LIBRARY, nullptr)
+        ->UseManualTime()
+        ->Iterations(PROCESSES)
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark(LOAD_DATAHELPERS_ADDED, Load, "added", TERVAN_DATAHELPERS_LIBRARY,
+                                 TERVAN_AVCODEC_LIBRARY)
         ->UseManualTime()
         ->Iterations(PROCESSES)
         ->Unit(benchmark::kMillisecond);

@@ -2,8 +2,10 @@
 // the library was ready, and how much resident memory the process gained:
 // "<nanoseconds> <KiB>". Modes: plain (dlopen only), registry (the helpers' registry
 // answers), encoder (libavcodec has looked up one encoder, as any host that encodes
-// must before anything else). Links none of the family's libraries and no FFmpeg, so the
-// loader does all of the work inside the measured interval.
+// must before anything else), added (registry, in a process that has first loaded the
+// libavcodec given as a third argument and looked up an encoder, outside the measure).
+// Links none of the family's libraries and no FFmpeg, so the loader does all of the work
+// inside the measured interval.
 #include <chrono>
 #include <cstdio>
 #include <cstring>
@@ -29,13 +31,33 @@ long ResidentKiB() {
     return resident * (sysconf(_SC_PAGESIZE) / 1024);
 }
 
+bool LookUpEncoder(void* avcodec) {
+    auto find = reinterpret_cast<FindEncoderByName>(dlsym(avcodec, "avcodec_find_encoder_by_name"));
+    if (find == nullptr || find("aac") == nullptr) {
+        std::fprintf(stderr, "libavcodec found no AAC encoder\n");
+        return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::string mode = argc == 3 ? argv[1] : "";
-    if (mode != "plain" && mode != "registry" && mode != "encoder") {
-        std::fprintf(stderr, "usage: %s plain|registry|encoder LIBRARY\n", argv[0]);
+    const std::string mode = argc >= 3 ? argv[1] : "";
+    const bool added = mode == "added" && argc == 4;
+    if (!added && (argc != 3 || (mode != "plain" && mode != "registry" && mode != "encoder"))) {
+        std::fprintf(stderr, "usage: %s plain|registry|encoder LIBRARY, or added LIBRARY LIBAVCODEC\n", argv[0]);
         return 2;
+    }
+    if (added) {
+        void* avcodec = dlopen(argv[3], RTLD_NOW | RTLD_LOCAL);
+        if (avcodec == nullptr) {
+            std::fprintf(stderr, "%s\n", dlerror());
+            return 1;
+        }
+        if (!LookUpEncoder(avcodec)) {
+            return 1;
+        }
     }
     const long before = ResidentKiB();
     const auto start = std::chrono::steady_clock::now();
@@ -44,14 +66,10 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s\n", dlerror());
         return 1;
     }
-    if (mode == "encoder") {
-        auto find = reinterpret_cast<FindEncoderByName>(dlsym(library, "avcodec_find_encoder_by_name"));
-        if (find == nullptr || find("aac") == nullptr) {
-            std::fprintf(stderr, "libavcodec found no AAC encoder\n");
-            return 1;
-        }
+    if (mode == "encoder" && !LookUpEncoder(library)) {
+        return 1;
     }
-    if (mode == "registry") {
+    if (mode == "registry" || added) {
         // The registry is built while the library loads; asking for a table proves it is ready.
         auto getAvailable = reinterpret_cast<GetAvailable>(dlsym(library, GET_AVAILABLE));
         const auto* keyFormat = static_cast<const std::string*>(dlsym(library, KEY_FORMAT));
