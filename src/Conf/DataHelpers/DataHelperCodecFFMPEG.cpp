@@ -19,10 +19,10 @@
 #include <boost/rational.hpp>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
-#include <cstdio>
+#include <iomanip>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
 
 namespace Tervan::Conf {
@@ -82,11 +82,10 @@ void CopyIfPresent(const Core::Property& from, Core::Property& to, const std::st
     }
 }
 
-// As a stream writes it with precision 5, without a stream's set-up cost.
 std::string FrameRateLabel(const boost::rational<long long>& rate) {
-    std::array<char, 32> label{};
-    const int length = std::snprintf(label.data(), label.size(), "%.5g", boost::rational_cast<double>(rate));
-    return std::string(label.data(), static_cast<std::size_t>(length));
+    std::ostringstream label;
+    label << std::setprecision(5) << boost::rational_cast<double>(rate);
+    return label.str();
 }
 
 void ApplyVideoPreset(const Core::Property& preset, Core::Property& out, const std::string& codecId) {
