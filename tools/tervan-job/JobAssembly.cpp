@@ -132,10 +132,13 @@ void MergeInto(Core::Property& target, Core::Property source) {
     for (unsigned long i = 0; i < source.Count(); ++i) {
         Core::Property& child = source[i];
         Core::Property* existing = target.FindChild(child.GetName());
-        if (existing != nullptr && existing->GetType() == TYPE_CONTAINER && child.GetType() == TYPE_CONTAINER) {
+        if (existing == nullptr) {
+            target.SetChild(child.GetName(), std::move(child));
+        } else if (existing->GetType() == TYPE_CONTAINER && child.GetType() == TYPE_CONTAINER) {
             MergeInto(*existing, std::move(child));
         } else {
-            target.SetChild(child.GetName(), std::move(child));
+            // Found by its name, so the name it takes over is the one it has.
+            *existing = std::move(child);
         }
     }
 }
