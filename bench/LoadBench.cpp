@@ -6,10 +6,13 @@
 
 #include <array>
 #include <cstdio>
+#include <sched.h>
 #include <spawn.h>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 extern char** environ;
 
@@ -77,6 +80,64 @@ void Load(benchmark::State& state, const char* mode, const char* library, const 
     state.counters[RESIDENT_KIB] = benchmark::Counter(residentKiB, benchmark::Counter::kAvgIterations);
 }
 
+// Processors this thread may run on, to spawn each pair of probes on one of them.
+std::vector<int> AllowedCpus(const cpu_set_t& allowed) {
+    std::vector<int> cpus;
+    for (int cpu = 0; cpu < CPU_SETSIZE; ++cpu) {
+        if (CPU_ISSET(cpu, &allowed)) {
+            cpus.push_back(cpu);
+        }
+    }
+    return cpus;
+}
+
+void RunOn(int cpu) {
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    CPU_SET(cpu, &one);
+    sched_setaffinity(0, sizeof one, &one);
+}
+
+// libavcodec alone and the library, each in a fresh process, in turn and in alternating
+// order. Separate runs of forty loads each drift apart with the machine by several
+// milliseconds, and on this virtual machine a load takes a quarter longer on one
+// processor than on the other: both loads of a pair run on one processor (the child
+// inherits this thread's affinity), the pairs taking the processors in turn.
+void LoadOverAvcodec(benchmark::State& state) {
+    cpu_set_t allowed;
+    if (sched_getaffinity(0, sizeof allowed, &allowed) != 0) {
+        state.SkipWithError("the processors this thread may use are unknown");
+        return;
+    }
+    const std::vector<int> cpus = AllowedCpus(allowed);
+    std::vector<double> addedSeconds;
+    std::vector<double> addedKiB;
+    for (auto _ : state) {
+        const std::size_t pair = addedSeconds.size();
+        RunOn(cpus[pair / 2 % cpus.size()]);
+        const bool avcodecFirst = pair % 2 == 0;
+        const ProbeResult first = avcodecFirst ? RunProbe("plain", TERVAN_AVCODEC_LIBRARY, nullptr)
+                                               : RunProbe("registry", TERVAN_DATAHELPERS_LIBRARY, nullptr);
+        const ProbeResult second = avcodecFirst ? RunProbe("registry", TERVAN_DATAHELPERS_LIBRARY, nullptr)
+                                                : RunProbe("plain", TERVAN_AVCODEC_LIBRARY, nullptr);
+        for (const ProbeResult* probe : {&first, &second}) {
+            if (!probe->error.empty()) {
+                sched_setaffinity(0, sizeof allowed, &allowed);
+                state.SkipWithError(probe->error.c_str());
+                return;
+            }
+        }
+        const ProbeResult& avcodec = avcodecFirst ? first : second;
+        const ProbeResult& library = avcodecFirst ? second : first;
+        addedSeconds.push_back(library.seconds - avcodec.seconds);
+        addedKiB.push_back(library.residentKiB - avcodec.residentKiB);
+        state.SetIterationTime(first.seconds + second.seconds);
+    }
+    sched_setaffinity(0, sizeof allowed, &allowed);
+    state.counters[ADDED_MS] = Median(std::move(addedSeconds)) * 1e3;
+    state.counters[RESIDENT_KIB] = Median(std::move(addedKiB));
+}
+
 }  // namespace
 
 void RegisterLoadBenchmarks() {
@@ -91,6 +152,10 @@ void RegisterLoadBenchmarks() {
         ->Iterations(PROCESSES)
         ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark(LOAD_DATAHELPERS, Load, "registry", TERVAN_DATAHELPERS_LIBRARY, nullptr)
+        ->UseManualTime()
+        ->Iterations(PROCESSES)
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark(LOAD_PAIRED, LoadOverAvcodec)
         ->UseManualTime()
         ->Iterations(PROCESSES)
         ->Unit(benchmark::kMillisecond);

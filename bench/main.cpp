@@ -10,6 +10,7 @@ int main(int argc, char** argv) {
     }
     Tervan::Bench::RegisterLoadBenchmarks();
     Tervan::Bench::RegisterHelperBenchmarks();
+    Tervan::Bench::RegisterScalingBenchmark();
     Tervan::Bench::RegisterTrialOpenBenchmarks();
     Tervan::Bench::TargetReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
