@@ -21,6 +21,9 @@ inline constexpr const char* THREAD_SCALING = "ThreadScaling";
 inline constexpr const char* SCALING_RATIO = "ratio";
 inline constexpr const char* TRIAL_OPEN_AAC = "TrialOpen/aac";
 inline constexpr const char* TRIAL_OPEN_X264 = "TrialOpen/libx264";
+// The same, each attempt on fresh pages, as a first attempt in a process.
+inline constexpr const char* TRIAL_OPEN_AAC_FRESH = "TrialOpen/aac/fresh-pages";
+inline constexpr const char* TRIAL_OPEN_X264_FRESH = "TrialOpen/libx264/fresh-pages";
 inline constexpr const char* LOAD_AVCODEC = "Load/libavcodec";
 // libavcodec once it has looked up an encoder: what any encoding host pays first.
 inline constexpr const char* LOAD_AVCODEC_LOOKUP = "Load/libavcodec+lookup";

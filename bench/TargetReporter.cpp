@@ -37,6 +37,13 @@ std::optional<double> Quotient(std::optional<double> numerator, std::optional<do
 }
 
 const std::string THREADS_1 = std::string(TYPICAL_MP4_REQUEST) + "/threads:1";
+
+template <class Ns>
+std::optional<double> TrialOpenRatio(const Ns& ns, const char* aacName, const char* x264Name) {
+    const auto aac = ns(aacName);
+    const auto x264 = ns(x264Name);
+    return Quotient(aac && x264 ? std::optional<double>(*aac + *x264) : std::nullopt, ns(THREADS_1.c_str()));
+}
 const std::string CONSTRAINTS_H264 = std::string(GET_CONSTRAINTS) + "/h264";
 
 // what, unit, limit, at most?, measure
@@ -47,11 +54,9 @@ const Target TARGETS[] = {
      [](auto& ns, auto&) { return Quotient(ns(CONSTRAINTS_H264.c_str()), 1e3); }},
     {"CreateDataHelper lookup", "ns", 100, true, [](auto& ns, auto&) { return ns(LOOKUP); }},
     {"trial-opening AAC + libx264 / typical request", "x", 300, false,
-     [](auto& ns, auto&) {
-         const auto aac = ns(TRIAL_OPEN_AAC);
-         const auto x264 = ns(TRIAL_OPEN_X264);
-         return Quotient(aac && x264 ? std::optional<double>(*aac + *x264) : std::nullopt, ns(THREADS_1.c_str()));
-     }},
+     [](auto& ns, auto&) { return TrialOpenRatio(ns, TRIAL_OPEN_AAC, TRIAL_OPEN_X264); }},
+    {"  the same, each attempt on fresh pages", "x", 300, false,
+     [](auto& ns, auto&) { return TrialOpenRatio(ns, TRIAL_OPEN_AAC_FRESH, TRIAL_OPEN_X264_FRESH); }},
     {"load time over libavcodec's", "ms", 2, true, [](auto&, auto& counter) { return counter(LOAD_PAIRED, ADDED_MS); }},
     {"resident memory over libavcodec's", "KiB", 1024, true,
      [](auto&, auto& counter) { return counter(LOAD_PAIRED, RESIDENT_KIB); }},
