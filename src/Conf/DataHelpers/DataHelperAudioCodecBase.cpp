@@ -43,6 +43,8 @@ DataHelperAudioCodecBase::DataHelperAudioCodecBase(const std::string& codecId, A
         }
     }
     m_defaults.SetChild(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE, options);
+    // Kept for the library's lifetime: a copy holds the children without the room building reserved.
+    m_defaults = Core::Property(m_defaults);
 
     for (const Setting& row : constraints) {
         std::string key = *row.tag;

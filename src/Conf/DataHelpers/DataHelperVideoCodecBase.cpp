@@ -39,6 +39,8 @@ void DataHelperVideoCodecBase::Interpret(const Default* firstDefault, const Defa
         }
     }
     m_defaults.SetChild(IFormatCodec::TAG_CODEC_OPTIONS_ENCODE, options);
+    // Kept for the library's lifetime: a copy holds the children without the room building reserved.
+    m_defaults = Core::Property(m_defaults);
 
     for (const Constraint* row = firstConstraint; row != lastConstraint; ++row) {
         ConstraintPtr constraint;
