@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <vector>
 
 // The benchmarks' names, shared by the files that register them and the reporter
@@ -40,6 +41,9 @@ inline constexpr const char* ADDED_MS = "added_ms";
 
 // Measures taken pair by pair report the median of the pairs.
 inline double Median(std::vector<double> values) {
+    if (values.empty()) {
+        return std::numeric_limits<double>::quiet_NaN();
+    }
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
     std::nth_element(values.begin(), middle, values.end());
     return *middle;

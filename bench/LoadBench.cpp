@@ -80,41 +80,56 @@ void Load(benchmark::State& state, const char* mode, const char* library, const 
     state.counters[RESIDENT_KIB] = benchmark::Counter(residentKiB, benchmark::Counter::kAvgIterations);
 }
 
-// Processors this thread may run on, to spawn each pair of probes on one of them.
-std::vector<int> AllowedCpus(const cpu_set_t& allowed) {
-    std::vector<int> cpus;
-    for (int cpu = 0; cpu < CPU_SETSIZE; ++cpu) {
-        if (CPU_ISSET(cpu, &allowed)) {
-            cpus.push_back(cpu);
+// Pins this thread to one processor at a time, cycling through those it may use, and
+// gives it all of them back when it goes; a spawned probe inherits the pinning.
+class Pinning {
+public:
+    Pinning() : m_known(sched_getaffinity(0, sizeof m_allowed, &m_allowed) == 0) {
+        for (int cpu = 0; m_known && cpu < CPU_SETSIZE; ++cpu) {
+            if (CPU_ISSET(cpu, &m_allowed)) {
+                m_cpus.push_back(cpu);
+            }
         }
     }
-    return cpus;
-}
+    ~Pinning() {
+        if (m_known) {
+            sched_setaffinity(0, sizeof m_allowed, &m_allowed);
+        }
+    }
+    Pinning(const Pinning&) = delete;
+    Pinning& operator=(const Pinning&) = delete;
 
-void RunOn(int cpu) {
-    cpu_set_t one;
-    CPU_ZERO(&one);
-    CPU_SET(cpu, &one);
-    sched_setaffinity(0, sizeof one, &one);
-}
+    bool Known() const { return m_known && !m_cpus.empty(); }
+
+    void PinToNth(std::size_t n) const {
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        CPU_SET(m_cpus[n % m_cpus.size()], &one);
+        sched_setaffinity(0, sizeof one, &one);
+    }
+
+private:
+    cpu_set_t m_allowed{};
+    bool m_known;
+    std::vector<int> m_cpus;
+};
 
 // libavcodec alone and the library, each in a fresh process, in turn and in alternating
 // order. Separate runs of forty loads each drift apart with the machine by several
-// milliseconds, and on this virtual machine a load takes a quarter longer on one
-// processor than on the other: both loads of a pair run on one processor (the child
-// inherits this thread's affinity), the pairs taking the processors in turn.
+// milliseconds, and on this virtual machine a load at times takes a quarter longer on one
+// processor than on the other: both loads of a pair run on one processor, the pairs
+// taking the processors in turn.
 void LoadOverAvcodec(benchmark::State& state) {
-    cpu_set_t allowed;
-    if (sched_getaffinity(0, sizeof allowed, &allowed) != 0) {
+    const Pinning pinning;
+    if (!pinning.Known()) {
         state.SkipWithError("the processors this thread may use are unknown");
         return;
     }
-    const std::vector<int> cpus = AllowedCpus(allowed);
     std::vector<double> addedSeconds;
     std::vector<double> addedKiB;
     for (auto _ : state) {
         const std::size_t pair = addedSeconds.size();
-        RunOn(cpus[pair / 2 % cpus.size()]);
+        pinning.PinToNth(pair / 2);
         const bool avcodecFirst = pair % 2 == 0;
         const ProbeResult first = avcodecFirst ? RunProbe("plain", TERVAN_AVCODEC_LIBRARY, nullptr)
                                                : RunProbe("registry", TERVAN_DATAHELPERS_LIBRARY, nullptr);
@@ -122,7 +137,6 @@ void LoadOverAvcodec(benchmark::State& state) {
                                                 : RunProbe("plain", TERVAN_AVCODEC_LIBRARY, nullptr);
         for (const ProbeResult* probe : {&first, &second}) {
             if (!probe->error.empty()) {
-                sched_setaffinity(0, sizeof allowed, &allowed);
                 state.SkipWithError(probe->error.c_str());
                 return;
             }
@@ -133,7 +147,6 @@ void LoadOverAvcodec(benchmark::State& state) {
         addedKiB.push_back(library.residentKiB - avcodec.residentKiB);
         state.SetIterationTime(first.seconds + second.seconds);
     }
-    sched_setaffinity(0, sizeof allowed, &allowed);
     state.counters[ADDED_MS] = Median(std::move(addedSeconds)) * 1e3;
     state.counters[RESIDENT_KIB] = Median(std::move(addedKiB));
 }

@@ -37,14 +37,15 @@ std::optional<double> Quotient(std::optional<double> numerator, std::optional<do
 }
 
 const std::string THREADS_1 = std::string(TYPICAL_MP4_REQUEST) + "/threads:1";
+const std::string CONSTRAINTS_H264 = std::string(GET_CONSTRAINTS) + "/h264";
 
+// Trial-opening both of the job's encoders against one typical request.
 template <class Ns>
 std::optional<double> TrialOpenRatio(const Ns& ns, const char* aacName, const char* x264Name) {
     const auto aac = ns(aacName);
     const auto x264 = ns(x264Name);
     return Quotient(aac && x264 ? std::optional<double>(*aac + *x264) : std::nullopt, ns(THREADS_1.c_str()));
 }
-const std::string CONSTRAINTS_H264 = std::string(GET_CONSTRAINTS) + "/h264";
 
 // what, unit, limit, at most?, measure
 const Target TARGETS[] = {
