@@ -73,7 +73,7 @@ void TrialOpen(benchmark::State& state, Attempt attempt, const char* encoderName
     for (auto _ : state) {
         if (attempt == Attempt::FRESH_PAGES) {
             state.PauseTiming();
-            // Hands the free memory back to the system, as the last attempt's buffers.
+            // The last attempt's buffers go back to the system with the rest of the free memory.
             malloc_trim(0);
             state.ResumeTiming();
         }
