@@ -6,7 +6,7 @@
 #include <vector>
 
 // The benchmarks' names, shared by the files that register them and the reporter
-// that compares their medians with the targets.
+// that compares their medians with the targets, and the median of measures taken pair by pair.
 namespace Tervan::Bench {
 
 inline constexpr const char* LOOKUP = "CreateDataHelper";
@@ -39,7 +39,6 @@ inline constexpr const char* LOAD_PAIRED = "Load/datahelpers-over-libavcodec";
 inline constexpr const char* RESIDENT_KIB = "resident_KiB";
 inline constexpr const char* ADDED_MS = "added_ms";
 
-// Measures taken pair by pair report the median of the pairs.
 inline double Median(std::vector<double> values) {
     if (values.empty()) {
         return std::numeric_limits<double>::quiet_NaN();

@@ -130,22 +130,24 @@ void LoadOverAvcodec(benchmark::State& state) {
     for (auto _ : state) {
         const std::size_t pair = addedSeconds.size();
         pinning.PinToNth(pair / 2);
-        const bool avcodecFirst = pair % 2 == 0;
-        const ProbeResult first = avcodecFirst ? RunProbe("plain", TERVAN_AVCODEC_LIBRARY, nullptr)
-                                               : RunProbe("registry", TERVAN_DATAHELPERS_LIBRARY, nullptr);
-        const ProbeResult second = avcodecFirst ? RunProbe("registry", TERVAN_DATAHELPERS_LIBRARY, nullptr)
-                                                : RunProbe("plain", TERVAN_AVCODEC_LIBRARY, nullptr);
-        for (const ProbeResult* probe : {&first, &second}) {
+        ProbeResult avcodec;
+        ProbeResult library;
+        if (pair % 2 == 0) {
+            avcodec = RunProbe("plain", TERVAN_AVCODEC_LIBRARY, nullptr);
+            library = RunProbe("registry", TERVAN_DATAHELPERS_LIBRARY, nullptr);
+        } else {
+            library = RunProbe("registry", TERVAN_DATAHELPERS_LIBRARY, nullptr);
+            avcodec = RunProbe("plain", TERVAN_AVCODEC_LIBRARY, nullptr);
+        }
+        for (const ProbeResult* probe : {&avcodec, &library}) {
             if (!probe->error.empty()) {
                 state.SkipWithError(probe->error.c_str());
                 return;
             }
         }
-        const ProbeResult& avcodec = avcodecFirst ? first : second;
-        const ProbeResult& library = avcodecFirst ? second : first;
         addedSeconds.push_back(library.seconds - avcodec.seconds);
         addedKiB.push_back(library.residentKiB - avcodec.residentKiB);
-        state.SetIterationTime(first.seconds + second.seconds);
+        state.SetIterationTime(avcodec.seconds + library.seconds);
     }
     state.counters[ADDED_MS] = Median(std::move(addedSeconds)) * 1e3;
     state.counters[RESIDENT_KIB] = Median(std::move(addedKiB));

@@ -65,11 +65,15 @@ void ThreadScaling(benchmark::State& state) {
     }
     std::vector<double> ratios;
     for (auto _ : state) {
-        const bool oneFirst = ratios.size() % 2 == 0;
-        const double first = Burst(oneFirst ? 1 : 2, jobs);
-        const double second = Burst(oneFirst ? 2 : 1, jobs);
-        const double one = oneFirst ? first : second;
-        const double two = oneFirst ? second : first;
+        double one = 0;
+        double two = 0;
+        if (ratios.size() % 2 == 0) {
+            one = Burst(1, jobs);
+            two = Burst(2, jobs);
+        } else {
+            two = Burst(2, jobs);
+            one = Burst(1, jobs);
+        }
         // Two threads did twice the jobs.
         ratios.push_back(2 * one / two);
         state.SetIterationTime(one + two);
