@@ -1,5 +1,7 @@
 #include "Core/Property.h"
 
+#include "Core/Api.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -15,7 +17,7 @@ constexpr std::string_view kSeparator = "/";
 constexpr std::size_t MIN_CAPACITY = 8;
 }  // namespace
 
-const std::string Property::SEPARATOR{kSeparator};
+TERVAN_CONSTANT const std::string Property::SEPARATOR{kSeparator};
 
 Property::Property() = default;
 

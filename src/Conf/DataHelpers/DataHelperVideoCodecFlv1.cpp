@@ -1,6 +1,7 @@
 #include "Conf/DataHelpers/DataHelperVideoCodecFlv1.h"
 
 #include "Conf/Interfaces/IFormatCodecVideo.h"
+#include "Core/Api.h"
 
 namespace Tervan::Conf {
 namespace {
@@ -10,7 +11,7 @@ using C = IFormatCodec;
 using V = IFormatCodecVideo;
 
 // The one video codec whose defaults name an encoder.
-const std::string kEncoder = "flv";
+TERVAN_CONSTANT const std::string kEncoder = "flv";
 
 // Defaults after the codec id, in order; every codec ends with its encoder options.
 const Default kDefaults[] = {

@@ -78,10 +78,10 @@
 #include <vector>
 
 // The tables are built while this library loads. Their keys and the helpers'
-// constructors read vocabulary constants, which live in the vocabulary and processing
-// libraries this one links (the loader initialises those first), and the codec
-// helpers' class-wide constraints, defined in this file ahead of the tables: so the
-// order is right whichever way this library is linked or opened.
+// constructors read vocabulary constants, which are marked TERVAN_CONSTANT (built before
+// every unmarked initialiser), and the codec helpers' class-wide constraints, defined in
+// this file ahead of the tables: so the order is right whichever order the objects are
+// linked in and whether the library is linked or opened.
 
 using namespace Tervan;
 using namespace Tervan::Conf;

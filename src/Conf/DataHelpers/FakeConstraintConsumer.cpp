@@ -1,10 +1,12 @@
 #include "Conf/DataHelpers/FakeConstraintConsumer.h"
 
+#include "Core/Api.h"
+
 namespace Tervan::Conf {
 
-const std::string FakeConstraintConsumer::MIN_VALUE = "minValue";
-const std::string FakeConstraintConsumer::MID_VALUE = "midValue";
-const std::string FakeConstraintConsumer::MAX_VALUE = "maxValue";
+TERVAN_CONSTANT const std::string FakeConstraintConsumer::MIN_VALUE = "minValue";
+TERVAN_CONSTANT const std::string FakeConstraintConsumer::MID_VALUE = "midValue";
+TERVAN_CONSTANT const std::string FakeConstraintConsumer::MAX_VALUE = "maxValue";
 
 FakeConstraintConsumer::FakeConstraintConsumer() = default;
 
