@@ -4,7 +4,7 @@
 // answers), encoder (libavcodec has looked up one encoder, as any host that encodes
 // must before anything else), added (registry, in a process that has first loaded the
 // libavcodec given as a third argument and looked up an encoder, outside the measure).
-// Links none of the family's libraries and no FFmpeg, so the loader does all of the work
+// Links neither the library nor FFmpeg, so the loader does all of the work
 // inside the measured interval.
 #include <chrono>
 #include <cstdio>

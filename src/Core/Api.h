@@ -1,7 +1,7 @@
 #pragma once
 
-// Every library of the family is built with hidden visibility; only names marked
-// with this macro form the installed API. On ELF, exporting and importing are the same.
+// The library is built with hidden visibility; only names marked with this macro form
+// the installed API. On ELF, exporting and importing are the same.
 #define TERVAN_API __attribute__((visibility("default")))
 
 // Marks a constant whose initialiser runs at load and which other initialisers of the
