@@ -116,7 +116,7 @@ private:
 
 // libavcodec alone and the library, each in a fresh process, in turn and in alternating
 // order. Separate runs of forty loads each drift apart with the machine by several
-// milliseconds, and on this virtual machine a load at times takes a quarter longer on one
+// milliseconds, and on a virtual machine a load may take a quarter longer on one
 // processor than on the other: both loads of a pair run on one processor, the pairs
 // taking the processors in turn.
 void LoadOverAvcodec(benchmark::State& state) {

@@ -1,7 +1,7 @@
 // Two threads' throughput of typical MP4 requests over one thread's, from short bursts
-// that alternate. This machine's speed drifts by up to 1.7x within a minute, so a whole
-// one-thread run followed by a whole two-thread run measures the drift as much as the
-// scaling; neighbouring bursts share the machine's mood, and each pair gives a ratio.
+// that alternate. A virtual machine's speed may drift by up to 1.7x within a minute, so
+// a whole one-thread run followed by a whole two-thread run measures the drift as much as
+// the scaling; neighbouring bursts share the machine's mood, and each pair gives a ratio.
 #include "Benchmarks.h"
 #include "Workload.h"
 

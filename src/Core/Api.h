@@ -4,8 +4,8 @@
 // the installed API. On ELF, exporting and importing are the same.
 #define TERVAN_API __attribute__((visibility("default")))
 
-// Marks a constant whose initialiser runs at load and which other initialisers of the
-// library read while it loads (the vocabulary the registry's tables are keyed by): all
-// such constants are built before any other initialiser, whatever order the objects are
+// Marks each of the library's constant values (texts, ratios) whose initialiser runs at
+// load: all of them are built before any unmarked initialiser, so the registry's tables,
+// built while the library loads, may read any of them whatever order the objects are
 // linked in.
 #define TERVAN_CONSTANT __attribute__((init_priority(200)))
