@@ -66,6 +66,29 @@ TEST(Property, NumericReadersConvert) {
     EXPECT_THROW(Property("c").GetBool(), PropertyException);
 }
 
+TEST(Property, WrongTypeReadIsReportedAsTheReadersOwn) {
+    const Property text("name", "x");
+    const std::pair<const char*, void (*)(const Property&)> readers[] = {
+        {"GetBool", [](const Property& p) { p.GetBool(); }},
+        {"GetInt64", [](const Property& p) { p.GetInt64(); }},
+        {"GetDouble", [](const Property& p) { p.GetDouble(); }},
+        {"GetRatio", [](const Property& p) { p.GetRatio(); }},
+    };
+    for (const auto& [method, read] : readers) {
+        SCOPED_TRACE(method);
+        try {
+            read(text);
+            ADD_FAILURE() << "no exception";
+        } catch (const PropertyException& e) {
+            EXPECT_EQ((TagOf<PropertyException, PropertyException::TagMethodName>(e)), method);
+            EXPECT_EQ((TagOf<PropertyException, PropertyException::TagPropertyName>(e)), "name");
+            // The host sees the operation it called, not a helper behind it.
+            const std::string function = TagOf<PropertyException, boost::throw_function>(e);
+            EXPECT_NE(function.find(std::string("Property::") + method), std::string::npos) << function;
+        }
+    }
+}
+
 TEST(Property, CopyIsDeep) {
     Property original = SampleTree();
     Property copy = original;

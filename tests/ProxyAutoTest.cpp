@@ -243,6 +243,34 @@ TEST(ProxyAuto, SecondConstraintOfAnotherTypeIsWidened) {
     EXPECT_EQ(LabelsOf(rate), Labels{"Auto"});
 }
 
+// A host's constraint that throws something of its own when asked about the automatic value.
+class ThrowingConstraint : public RefCounted<IPropertyConstraint> {
+public:
+    static ConstraintPtr Create() { return ConstraintPtr(new ThrowingConstraint()); }
+
+    void FillValueList(const boost::intrusive_ptr<IConstraintConsumer>& consumer) const override {
+        consumer->AddValue("48000", Property("48000", 48000LL));
+        consumer->Commit();
+    }
+    bool IsValid(const Property&) const override { throw 42; }
+    bool Fixup(Property&) const override { return false; }
+    std::string Description(const std::string&) const override { return {}; }
+
+private:
+    ThrowingConstraint() = default;
+    ~ThrowingConstraint() override = default;
+};
+
+TEST(ProxyAuto, SecondConstraintThrowingAnythingIsWidened) {
+    const auto first = ConstraintSet::Create(PairList<std::string>{{"c", "c"}});
+    const DataHelperPtr stub = StubHelper::Create(
+        {}, {{Sep(), PairValidationRule::Create("codec", first, ResamplerPath(IFormatCodecAudio::TAG_SAMPLE_RATE),
+                                                ThrowingConstraint::Create())}});
+    const IDataHelper::ValidationRules rules = RulesOf(*Wrap(stub));
+    ASSERT_EQ(rules.size(), 1u);
+    EXPECT_EQ(LabelsOf(rules[0].second->GetSecondConstraint()), (Labels{"Auto", "48000"}));
+}
+
 TEST(ProxyAuto, DefaultsAreTheWrappedHelpers) {
     for (const auto& [type, name] : {std::pair(IPreset::KEY_FORMAT, IFormatFile::FORMAT_MP4),
                                      std::pair(IPreset::KEY_FILTER_AUDIO_CODEC, IFormatCodecAudio::CODEC_ID_AAC),

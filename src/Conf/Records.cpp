@@ -56,10 +56,6 @@ constexpr std::array<SampleFmtRecord, 12> kSampleFormats = {{
     {SAMPLE_FMT_S64P, 64, "s64p", true, SAMPLE_FMT_S64},
 }};
 
-[[noreturn]] void ThrowUnknown(const std::string& what) {
-    BOOST_THROW_EXCEPTION(Core::Described<FormatException>(what));
-}
-
 template <class Table, class Predicate>
 const typename Table::value_type* FindIf(const Table& table, Predicate predicate) {
     for (const auto& record : table) {
@@ -76,21 +72,23 @@ const LayoutRecord& LayoutRecord::Find(ChannelLayout layout) {
     if (auto* r = FindIf(kLayouts, [layout](const LayoutRecord& x) { return x.layout == layout; })) {
         return *r;
     }
-    ThrowUnknown("Unknown channel layout: " + std::to_string(static_cast<int>(layout)));
+    BOOST_THROW_EXCEPTION(
+        Core::Described<FormatException>("Unknown channel layout: " + std::to_string(static_cast<int>(layout))));
 }
 
 const LayoutRecord& LayoutRecord::Find(const std::string& name) {
     if (auto* r = FindIf(kLayouts, [&name](const LayoutRecord& x) { return name == x.name; })) {
         return *r;
     }
-    ThrowUnknown("Unknown channel layout: " + name);
+    BOOST_THROW_EXCEPTION(Core::Described<FormatException>("Unknown channel layout: " + name));
 }
 
 const LayoutRecord& LayoutRecord::Find(int channels) {
     if (auto* r = FindIf(kLayouts, [channels](const LayoutRecord& x) { return x.channels == channels; })) {
         return *r;
     }
-    ThrowUnknown("No channel layout with " + std::to_string(channels) + " channels");
+    BOOST_THROW_EXCEPTION(
+        Core::Described<FormatException>("No channel layout with " + std::to_string(channels) + " channels"));
 }
 
 const LayoutRecord* LayoutRecord::FindByMask(std::uint64_t mask) {
@@ -101,14 +99,15 @@ const SampleFmtRecord& SampleFmtRecord::Find(SampleFormats format) {
     if (auto* r = FindIf(kSampleFormats, [format](const SampleFmtRecord& x) { return x.format == format; })) {
         return *r;
     }
-    ThrowUnknown("Unknown sample format: " + std::to_string(static_cast<int>(format)));
+    BOOST_THROW_EXCEPTION(
+        Core::Described<FormatException>("Unknown sample format: " + std::to_string(static_cast<int>(format))));
 }
 
 const SampleFmtRecord& SampleFmtRecord::Find(const std::string& name) {
     if (auto* r = FindIf(kSampleFormats, [&name](const SampleFmtRecord& x) { return name == x.name; })) {
         return *r;
     }
-    ThrowUnknown("Unknown sample format: " + name);
+    BOOST_THROW_EXCEPTION(Core::Described<FormatException>("Unknown sample format: " + name));
 }
 
 }  // namespace Tervan::Conf

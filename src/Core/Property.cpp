@@ -80,19 +80,19 @@ MethodIsNotApplicable Property::NotApplicable(const char* method) const {
     return e;
 }
 
-void Property::ThrowWrongType(const char* method) const {
-    BOOST_THROW_EXCEPTION(PropertyException()
-                          << PropertyException::TagMethodName(method) << PropertyException::TagPropertyName(m_name)
-                          << PropertyException::TagPropertyType(GetType())
-                          << Exception::TagDescription("Property '" + m_name + "' does not hold a value of the type " +
-                                                       method + " reads"));
+PropertyException Property::WrongType(const char* method) const {
+    PropertyException e;
+    e << PropertyException::TagMethodName(method) << PropertyException::TagPropertyName(m_name)
+      << PropertyException::TagPropertyType(GetType())
+      << Exception::TagDescription("Property '" + m_name + "' does not hold a value of the type " + method + " reads");
+    return e;
 }
 
 bool Property::GetBool() const {
     if (const bool* v = std::get_if<bool>(&m_value)) {
         return *v;
     }
-    ThrowWrongType("GetBool");
+    BOOST_THROW_EXCEPTION(WrongType("GetBool"));
 }
 
 long long Property::GetInt64() const {
@@ -103,7 +103,7 @@ long long Property::GetInt64() const {
         // Truncated toward zero; beyond the integers' range the nearest end, not undefined behaviour.
         constexpr double kLimit = 9223372036854775808.0;  // 2^63
         if (std::isnan(*v)) {
-            ThrowWrongType("GetInt64");
+            BOOST_THROW_EXCEPTION(WrongType("GetInt64"));
         }
         if (*v >= kLimit) {
             return std::numeric_limits<long long>::max();
@@ -116,7 +116,7 @@ long long Property::GetInt64() const {
     if (const Ratio* v = std::get_if<Ratio>(&m_value)) {
         return boost::rational_cast<long long>(*v);
     }
-    ThrowWrongType("GetInt64");
+    BOOST_THROW_EXCEPTION(WrongType("GetInt64"));
 }
 
 double Property::GetDouble() const {
@@ -129,14 +129,14 @@ double Property::GetDouble() const {
     if (const Ratio* v = std::get_if<Ratio>(&m_value)) {
         return boost::rational_cast<double>(*v);
     }
-    ThrowWrongType("GetDouble");
+    BOOST_THROW_EXCEPTION(WrongType("GetDouble"));
 }
 
 const std::string& Property::GetString() const {
     if (const std::string* v = std::get_if<std::string>(&m_value)) {
         return *v;
     }
-    ThrowWrongType("GetString");
+    BOOST_THROW_EXCEPTION(WrongType("GetString"));
 }
 
 Property::Ratio Property::GetRatio() const {
@@ -146,7 +146,7 @@ Property::Ratio Property::GetRatio() const {
     if (const long long* v = std::get_if<long long>(&m_value)) {
         return Ratio(*v);
     }
-    ThrowWrongType("GetRatio");
+    BOOST_THROW_EXCEPTION(WrongType("GetRatio"));
 }
 
 Property& Property::SetChild(const std::string& name) {

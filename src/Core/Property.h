@@ -121,7 +121,7 @@ private:
     using Value = std::variant<std::monostate, bool, double, long long, std::string, Ratio>;
 
     MethodIsNotApplicable NotApplicable(const char* method) const;
-    [[noreturn]] void ThrowWrongType(const char* method) const;
+    PropertyException WrongType(const char* method) const;
     Property& AssignValue(Value value);
     Property& AppendChild(Property&& child);
 

@@ -60,11 +60,12 @@ ConstraintPtr Widen(const IPropertyConstraint& constraint, const std::string& la
     return ConstraintSet::Create(type, consumer->GetValue());
 }
 
-// A constraint made for another type throws; that is a plain no.
+// A constraint made for another type throws; that is a plain no, whatever a host's
+// own constraint throws.
 bool Admits(const IPropertyConstraint& constraint, const Core::Property& value) {
     try {
         return constraint.IsValid(value);
-    } catch (const std::exception&) {
+    } catch (...) {
         return false;
     }
 }

@@ -12,8 +12,8 @@ namespace Tervan::Conf {
 // "When the first setting satisfies the first constraint, the second must satisfy
 // the second." IsValid throws nothing: a missing setting or a type mismatch ends the
 // process, so evaluate rules on untrusted trees with ValidationRuleCheck::Evaluate.
-// A rule without a first constraint or first path is tied to no other setting and
-// always demands the second.
+// A rule without a first constraint is tied to no other setting and always demands
+// the second (such rules come with an empty first path).
 class TERVAN_API PairValidationRule : public RefCounted<IValidationRule> {
 public:
     static boost::intrusive_ptr<IValidationRule> Create(
