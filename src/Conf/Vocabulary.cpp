@@ -100,19 +100,24 @@ TERVAN_CONSTANT const std::string V::CODEC_ID_BMP = "bmp", V::CODEC_ID_DPX = "dp
                                   V::CODEC_ID_TIFF = "tiff", V::CODEC_ID_VP8 = "vp8", V::CODEC_ID_VP9 = "vp9",
                                   V::CODEC_ID_WMV2 = "wmv2", V::CODEC_ID_WMV3 = "wmv3", V::CODEC_ID_XBM = "xbm",
                                   V::CODEC_ID_XWD = "xwd";
-// x264 and x265 share their preset names; the families stay separate settings.
+// x265 takes x264's preset names (defined first in this file, so built first); the
+// families stay separate settings.
 TERVAN_CONSTANT const std::string V::TAG_X264_PRESET_ULTRAFAST = "ultrafast",
                                   V::TAG_X264_PRESET_SUPERFAST = "superfast", V::TAG_X264_PRESET_VERYFAST = "veryfast",
                                   V::TAG_X264_PRESET_FASTER = "faster", V::TAG_X264_PRESET_FAST = "fast",
                                   V::TAG_X264_PRESET_MEDIUM = "medium", V::TAG_X264_PRESET_SLOW = "slow",
                                   V::TAG_X264_PRESET_SLOWER = "slower", V::TAG_X264_PRESET_VERYSLOW = "veryslow",
                                   V::TAG_X264_PRESET_PLACEBO = "placebo";
-TERVAN_CONSTANT const std::string V::TAG_X265_PRESET_ULTRAFAST = "ultrafast",
-                                  V::TAG_X265_PRESET_SUPERFAST = "superfast", V::TAG_X265_PRESET_VERYFAST = "veryfast",
-                                  V::TAG_X265_PRESET_FASTER = "faster", V::TAG_X265_PRESET_FAST = "fast",
-                                  V::TAG_X265_PRESET_MEDIUM = "medium", V::TAG_X265_PRESET_SLOW = "slow",
-                                  V::TAG_X265_PRESET_SLOWER = "slower", V::TAG_X265_PRESET_VERYSLOW = "veryslow",
-                                  V::TAG_X265_PRESET_PLACEBO = "placebo";
+TERVAN_CONSTANT const std::string V::TAG_X265_PRESET_ULTRAFAST = V::TAG_X264_PRESET_ULTRAFAST,
+                                  V::TAG_X265_PRESET_SUPERFAST = V::TAG_X264_PRESET_SUPERFAST,
+                                  V::TAG_X265_PRESET_VERYFAST = V::TAG_X264_PRESET_VERYFAST,
+                                  V::TAG_X265_PRESET_FASTER = V::TAG_X264_PRESET_FASTER,
+                                  V::TAG_X265_PRESET_FAST = V::TAG_X264_PRESET_FAST,
+                                  V::TAG_X265_PRESET_MEDIUM = V::TAG_X264_PRESET_MEDIUM,
+                                  V::TAG_X265_PRESET_SLOW = V::TAG_X264_PRESET_SLOW,
+                                  V::TAG_X265_PRESET_SLOWER = V::TAG_X264_PRESET_SLOWER,
+                                  V::TAG_X265_PRESET_VERYSLOW = V::TAG_X264_PRESET_VERYSLOW,
+                                  V::TAG_X265_PRESET_PLACEBO = V::TAG_X264_PRESET_PLACEBO;
 TERVAN_CONSTANT const std::string V::TAG_X264_PROFILE_BASELINE = "baseline", V::TAG_X264_PROFILE_MAIN = "main",
                                   V::TAG_X264_PROFILE_HIGH = "high", V::TAG_X264_PROFILE_HIGH10 = "high10",
                                   V::TAG_X264_PROFILE_HIGH422 = "high422", V::TAG_X264_PROFILE_HIGH444 = "high444";
