@@ -94,13 +94,35 @@ RefCountImpl::~RefCountImpl() {
     }
 }
 
-bool RefCountImpl::CountInTally(long change) const noexcept {
-    std::atomic<long>* count = m_slot >= 0 ? m_collector->Count(m_slot) : nullptr;
+namespace {
+
+// Only this thread writes its tally: no read-modify-write is needed.
+void Change(std::atomic<long>& count, long change) {
+    count.store(count.load(std::memory_order_relaxed) + change, std::memory_order_relaxed);
+}
+
+}  // namespace
+
+// Inline in both counting paths, which then make no further call for a frozen object
+// whose thread counted in the same tally last time.
+inline bool RefCountImpl::CountInTally(long change) const noexcept {
+    if (m_slot < 0) {
+        return false;
+    }
+    const LastTally& last = t_last;
+    if (last.generation != m_collector->m_generation) {
+        return CountInFoundTally(change);
+    }
+    Change((*last.tally)[static_cast<std::size_t>(m_slot)], change);
+    return true;
+}
+
+bool RefCountImpl::CountInFoundTally(long change) const noexcept {
+    std::atomic<long>* count = m_collector->FindCount(m_slot);
     if (count == nullptr) {
         return false;
     }
-    // Only this thread writes its tally: no read-modify-write is needed.
-    count->store(count->load(std::memory_order_relaxed) + change, std::memory_order_relaxed);
+    Change(*count, change);
     return true;
 }
 
@@ -200,9 +222,8 @@ void FrozenObjects::Remove(RefCountImpl* object) {
     }
 }
 
-std::atomic<long>* FrozenObjects::Count(long slot) {
-    const LastTally& last = t_last;
-    Tally* tally = last.generation == m_generation ? last.tally : FindTally();
+std::atomic<long>* FrozenObjects::FindCount(long slot) {
+    Tally* tally = FindTally();
     return tally != nullptr ? &(*tally)[static_cast<std::size_t>(slot)] : nullptr;
 }
 
@@ -254,14 +275,6 @@ void FrozenObjects::Fold(Tally& tally) {
             m_slots[slot]->m_count.fetch_add(change, std::memory_order_relaxed);
         }
     }
-}
-
-void intrusive_ptr_add_ref(const IRefCountable* object) {
-    object->AddRef();
-}
-
-void intrusive_ptr_release(const IRefCountable* object) {
-    object->Release();
 }
 
 }  // namespace Tervan

@@ -46,6 +46,8 @@ private:
     // Adds change to this thread's tally of a frozen object; false when the object is not
     // frozen or the thread's tallies are gone, and the count itself must take it.
     bool CountInTally(long change) const noexcept;
+    // CountInTally's way when the thread's tally has to be looked up first.
+    bool CountInFoundTally(long change) const noexcept;
 
     mutable std::atomic<long> m_count;
     // While frozen, the object's place in every thread's tally; -1 otherwise. Set
@@ -82,8 +84,9 @@ private:
 
     void Add(RefCountImpl* object);
     void Remove(RefCountImpl* object);
-    // The calling thread's count for the slot; null once the thread's tallies are gone.
-    std::atomic<long>* Count(long slot);
+    // The calling thread's count for the slot, looking its tally up; null once the
+    // thread's tallies are gone.
+    std::atomic<long>* FindCount(long slot);
     long Total(const RefCountImpl& object) const;
     // The calling thread's tally, or null once it is gone.
     Tally* FindTally();
@@ -114,7 +117,13 @@ protected:
     ~RefCounted() override = default;
 };
 
-TERVAN_API void intrusive_ptr_add_ref(const IRefCountable* object);
-TERVAN_API void intrusive_ptr_release(const IRefCountable* object);
+// Inline: a request takes and gives back some hundred references.
+inline void intrusive_ptr_add_ref(const IRefCountable* object) {
+    object->AddRef();
+}
+
+inline void intrusive_ptr_release(const IRefCountable* object) {
+    object->Release();
+}
 
 }  // namespace Tervan

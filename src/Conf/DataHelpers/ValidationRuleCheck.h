@@ -8,8 +8,8 @@
 namespace Tervan::Conf {
 
 // The verdict of a rule on a tree that may be missing settings or hold values of
-// the wrong type. A null first constraint (or an empty first path) counts as always
-// satisfied, so rules tied to no other setting are evaluated too.
+// the wrong type. A null first constraint counts as always satisfied, so rules tied
+// to no other setting are evaluated too.
 struct TERVAN_API ValidationRuleCheck {
     enum Verdict {
         HOLDS,            // the rule holds
