@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace Tervan::Conf {
 
@@ -27,7 +28,7 @@ enum ChannelLayout {
 struct TERVAN_API LayoutRecord {
     ChannelLayout layout;
     int channels;
-    const char* name;
+    std::string_view name;
     std::uint64_t mask;
 
     // Each throws FormatException for a layout it does not know. By channel count,

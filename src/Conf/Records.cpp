@@ -3,7 +3,6 @@
 #include "Conf/SampleFormats.h"
 
 #include <array>
-#include <cstring>
 
 namespace Tervan::Conf {
 namespace {
@@ -20,7 +19,7 @@ constexpr int CountChannels(std::uint64_t mask) {
 constexpr std::uint64_t FL = 0x1, FR = 0x2, FC = 0x4, LFE = 0x8, BL = 0x10, BR = 0x20, BC = 0x100, SL = 0x200,
                         SR = 0x400;
 
-constexpr LayoutRecord Layout(ChannelLayout layout, const char* name, std::uint64_t mask) {
+constexpr LayoutRecord Layout(ChannelLayout layout, std::string_view name, std::uint64_t mask) {
     return LayoutRecord{layout, CountChannels(mask), name, mask};
 }
 

@@ -3,6 +3,7 @@
 #include "Core/Api.h"
 
 #include <string>
+#include <string_view>
 
 namespace Tervan::Conf {
 
@@ -28,7 +29,7 @@ enum SampleFormats {
 struct TERVAN_API SampleFmtRecord {
     SampleFormats format;
     int bitsPerSample;
-    const char* name;
+    std::string_view name;
     bool planar;
     SampleFormats counterpart;
 

@@ -62,19 +62,27 @@ TERVAN_CONSTANT const std::string A::CODEC_ID_PCM_S8 = "pcm_s8", A::CODEC_ID_PCM
                                   A::CODEC_ID_PCM_U16BE = "pcm_u16be", A::CODEC_ID_PCM_U16LE = "pcm_u16le",
                                   A::CODEC_ID_PCM_U24BE = "pcm_u24be", A::CODEC_ID_PCM_U24LE = "pcm_u24le",
                                   A::CODEC_ID_PCM_U32BE = "pcm_u32be", A::CODEC_ID_PCM_U32LE = "pcm_u32le";
+namespace {
+
 // The layout texts are the records' names, so LayoutRecord::Find accepts exactly them.
-TERVAN_CONSTANT const std::string A::TAG_CH_LAYOUT_MONO = LayoutRecord::Find(CH_LAYOUT_MONO).name,
-                                  A::TAG_CH_LAYOUT_STEREO = LayoutRecord::Find(CH_LAYOUT_STEREO).name,
-                                  A::TAG_CH_LAYOUT_2POINT1 = LayoutRecord::Find(CH_LAYOUT_2POINT1).name,
-                                  A::TAG_CH_LAYOUT_2_1 = LayoutRecord::Find(CH_LAYOUT_2_1).name,
-                                  A::TAG_CH_LAYOUT_2_2 = LayoutRecord::Find(CH_LAYOUT_2_2).name,
-                                  A::TAG_CH_LAYOUT_QUAD = LayoutRecord::Find(CH_LAYOUT_QUAD).name,
-                                  A::TAG_CH_LAYOUT_5POINT0 = LayoutRecord::Find(CH_LAYOUT_5POINT0).name,
-                                  A::TAG_CH_LAYOUT_5POINT0_BACK = LayoutRecord::Find(CH_LAYOUT_5POINT0_BACK).name,
-                                  A::TAG_CH_LAYOUT_5POINT1 = LayoutRecord::Find(CH_LAYOUT_5POINT1).name,
-                                  A::TAG_CH_LAYOUT_5POINT1_BACK = LayoutRecord::Find(CH_LAYOUT_5POINT1_BACK).name,
-                                  A::TAG_CH_LAYOUT_7POINT1 = LayoutRecord::Find(CH_LAYOUT_7POINT1).name,
-                                  A::TAG_CH_LAYOUT_UNKNOWN = LayoutRecord::Find(CH_LAYOUT_UNKNOWN).name;
+std::string LayoutText(ChannelLayout layout) {
+    return std::string(LayoutRecord::Find(layout).name);
+}
+
+}  // namespace
+
+TERVAN_CONSTANT const std::string A::TAG_CH_LAYOUT_MONO = LayoutText(CH_LAYOUT_MONO),
+                                  A::TAG_CH_LAYOUT_STEREO = LayoutText(CH_LAYOUT_STEREO),
+                                  A::TAG_CH_LAYOUT_2POINT1 = LayoutText(CH_LAYOUT_2POINT1),
+                                  A::TAG_CH_LAYOUT_2_1 = LayoutText(CH_LAYOUT_2_1),
+                                  A::TAG_CH_LAYOUT_2_2 = LayoutText(CH_LAYOUT_2_2),
+                                  A::TAG_CH_LAYOUT_QUAD = LayoutText(CH_LAYOUT_QUAD),
+                                  A::TAG_CH_LAYOUT_5POINT0 = LayoutText(CH_LAYOUT_5POINT0),
+                                  A::TAG_CH_LAYOUT_5POINT0_BACK = LayoutText(CH_LAYOUT_5POINT0_BACK),
+                                  A::TAG_CH_LAYOUT_5POINT1 = LayoutText(CH_LAYOUT_5POINT1),
+                                  A::TAG_CH_LAYOUT_5POINT1_BACK = LayoutText(CH_LAYOUT_5POINT1_BACK),
+                                  A::TAG_CH_LAYOUT_7POINT1 = LayoutText(CH_LAYOUT_7POINT1),
+                                  A::TAG_CH_LAYOUT_UNKNOWN = LayoutText(CH_LAYOUT_UNKNOWN);
 TERVAN_CONSTANT const std::string A::TAG_AAC_PROFILE_LOW = "aac_low", A::TAG_AAC_PROFILE_MAIN = "aac_main",
                                   A::TAG_AAC_PROFILE_SSR = "aac_ssr", A::TAG_AAC_PROFILE_LTP = "aac_ltp",
                                   A::TAG_AAC_PROFILE_HE = "aac_he", A::TAG_AAC_PROFILE_HE_V2 = "aac_he_v2",

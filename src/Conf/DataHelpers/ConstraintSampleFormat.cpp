@@ -53,8 +53,9 @@ bool ConstraintSampleFormat::Fixup(Core::Property& value) const {
     }
     const SampleFmtRecord& rejected = SampleFmtRecord::Find(value.GetString());
     const SampleFmtRecord& counterpart = SampleFmtRecord::Find(rejected.counterpart);
-    if (IsValid(Core::Property(std::string(), counterpart.name))) {
-        value = counterpart.name;
+    const std::string counterpartName(counterpart.name);
+    if (IsValid(Core::Property(std::string(), counterpartName))) {
+        value = counterpartName;
         return true;
     }
     const SampleFmtRecord* pick = &SampleFmtRecord::Find(m_formats.front().first);
@@ -64,7 +65,7 @@ bool ConstraintSampleFormat::Fixup(Core::Property& value) const {
             pick = &candidate;
         }
     }
-    value = pick->name;
+    value = std::string(pick->name);
     return true;
 }
 

@@ -210,7 +210,7 @@ void DataHelperCodecFFMPEG::load() {
         }
         for (std::uint64_t mask : encoder->channelLayouts) {
             if (Media::ChannelLayoutFFMPEGIsSupported(mask)) {
-                const std::string name = LayoutRecord::Find(Media::ChannelLayoutTervanFromFFMPEG(mask)).name;
+                const std::string name(LayoutRecord::Find(Media::ChannelLayoutTervanFromFFMPEG(mask)).name);
                 m_channelLayouts.emplace_back(name, name);
             }
         }
