@@ -125,6 +125,35 @@ TEST(Property, ChildrenKeepInsertionOrderAndSetChildReplacesInPlace) {
     EXPECT_EQ(root.Count(), 0u);
 }
 
+// Siblings of one length that differ in a single byte, for every length a name search
+// compares in its own way and every position of the difference.
+TEST(Property, FindChildTellsApartNamesDifferingInOneByte) {
+    for (std::size_t size = 0; size <= 20; ++size) {
+        const std::string base(size, 'a');
+        Property node("node");
+        for (std::size_t at = 0; at < size; ++at) {
+            std::string name = base;
+            name[at] = 'b';
+            node.CreateChildT(name, static_cast<long long>(at));
+        }
+        node.CreateChildT(base, -1LL);
+        for (std::size_t at = 0; at < size; ++at) {
+            SCOPED_TRACE("length " + std::to_string(size) + ", byte " + std::to_string(at));
+            std::string name = base;
+            name[at] = 'b';
+            const Property* found = node.FindChild(name);
+            ASSERT_NE(found, nullptr);
+            EXPECT_EQ(found->GetInt64(), static_cast<long long>(at));
+            name[at] = 'c';
+            EXPECT_EQ(node.FindChild(name), nullptr);
+        }
+        SCOPED_TRACE("length " + std::to_string(size));
+        ASSERT_NE(node.FindChild(base), nullptr);
+        EXPECT_EQ(node.FindChild(base)->GetInt64(), -1);
+        EXPECT_EQ(node.FindChild(base + "a"), nullptr);
+    }
+}
+
 TEST(Property, SetChildTakesItsValueFromTheSameTree) {
     Property root = SampleTree();
     // Enough siblings that appending must move the children the value is read from.

@@ -6,6 +6,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <limits>
 #include <string_view>
 
@@ -15,6 +17,29 @@ namespace {
 // Known to the compiler, so that a path is split by a search for one character.
 constexpr std::string_view kSeparator = "/";
 constexpr std::size_t MIN_CAPACITY = 8;
+
+template <class Word>
+Word Load(const char* bytes) {
+    Word word{};
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+
+// Whether two names of the same length are equal. Names are short: the two loads of a
+// word's width from each end (overlapping when the name is shorter than two words)
+// cover them without a call to memcmp, which a child search would make for every
+// sibling of the same length.
+bool SameBytes(const char* a, const char* b, std::size_t size) {
+    if (size >= 8 && size <= 16) {
+        return Load<std::uint64_t>(a) == Load<std::uint64_t>(b) &&
+               Load<std::uint64_t>(a + size - 8) == Load<std::uint64_t>(b + size - 8);
+    }
+    if (size >= 4 && size < 8) {
+        return Load<std::uint32_t>(a) == Load<std::uint32_t>(b) &&
+               Load<std::uint32_t>(a + size - 4) == Load<std::uint32_t>(b + size - 4);
+    }
+    return std::memcmp(a, b, size) == 0;
+}
 }  // namespace
 
 TERVAN_CONSTANT const std::string Property::SEPARATOR{kSeparator};
@@ -187,8 +212,9 @@ Property& Property::AppendChild(Property&& child) {
 }
 
 Property* Property::FindChild(std::string_view name) {
-    auto it = std::find_if(m_children.begin(), m_children.end(),
-                           [name](const Property& child) { return child.m_name == name; });
+    auto it = std::find_if(m_children.begin(), m_children.end(), [name](const Property& child) {
+        return child.m_name.size() == name.size() && SameBytes(child.m_name.data(), name.data(), name.size());
+    });
     return it == m_children.end() ? nullptr : &*it;
 }
 
