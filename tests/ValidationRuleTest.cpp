@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 using namespace Tervan;
 using namespace Tervan::Conf;
 using Core::Property;
@@ -23,6 +25,24 @@ boost::intrusive_ptr<IValidationRule> SampleRule() {
                                       "frame/width",
                                       ConstraintSet::Create(PairList<long long>{{"176", 176}, {"352", 352}}));
 }
+
+// A rule of a host's own make, answering with another rule's paths and constraints.
+class HostRule : public RefCounted<IValidationRule> {
+public:
+    explicit HostRule(boost::intrusive_ptr<IValidationRule> inner) : m_inner(std::move(inner)) {}
+    bool IsValid(const Property& settings) const noexcept override { return m_inner->IsValid(settings); }
+    std::string GetFirstPath() const override { return m_inner->GetFirstPath(); }
+    std::string GetSecondPath() const override { return m_inner->GetSecondPath(); }
+    boost::intrusive_ptr<const IPropertyConstraint> GetFirstConstraint() const override {
+        return m_inner->GetFirstConstraint();
+    }
+    boost::intrusive_ptr<const IPropertyConstraint> GetSecondConstraint() const override {
+        return m_inner->GetSecondConstraint();
+    }
+
+private:
+    boost::intrusive_ptr<IValidationRule> m_inner;
+};
 
 Property Job(const char* codec, long long width) {
     Property job("job");
@@ -93,9 +113,15 @@ TEST(ValidationRuleCheck, VerdictsOnUntrustedTrees) {
         {"wrong second type", wrongSecondType, ValidationRuleCheck::WRONG_TYPE, "frame/width"},
     };
     const auto rule = SampleRule();
+    const boost::intrusive_ptr<IValidationRule> hosted(new HostRule(rule));
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         const ValidationRuleCheck check = ValidationRuleCheck::Evaluate(*rule, c.job);
+        // A host's rule is read through the interface alone, to the same effect.
+        const ValidationRuleCheck foreign = ValidationRuleCheck::Evaluate(*hosted, c.job);
+        EXPECT_EQ(foreign.verdict, check.verdict);
+        EXPECT_EQ(foreign.path, check.path);
+        EXPECT_EQ(foreign.detail, check.detail);
         EXPECT_EQ(check.verdict, c.verdict);
         EXPECT_EQ(check.path, c.path);
         EXPECT_NE(check.detail.find(c.path), std::string::npos) << check.detail;

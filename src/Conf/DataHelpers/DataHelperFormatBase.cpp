@@ -80,13 +80,17 @@ std::string DataHelperFormatBase::DefaultAudioCodec() const {
 
 void DataHelperFormatBase::ApplyPresetSettings(const Core::Property&, Core::Property&) const {}
 
-std::string DataHelperFormatBase::AudioCodecIdPath() {
-    return IPreset::KEY_FILTER_AUDIO_CODEC + Core::Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
+const std::string& DataHelperFormatBase::AudioCodecIdPath() {
+    static const std::string path =
+        IPreset::KEY_FILTER_AUDIO_CODEC + Core::Property::SEPARATOR + IFormatCodec::TAG_CODEC_ID;
+    return path;
 }
 
-std::string DataHelperFormatBase::SampleRatePath() {
-    return Proc::IFilterResample::CLASS_ID + Core::Property::SEPARATOR + Proc::IResample::CLASS_ID +
-           Core::Property::SEPARATOR + IFormatCodecAudio::TAG_SAMPLE_RATE;
+const std::string& DataHelperFormatBase::SampleRatePath() {
+    static const std::string path = Proc::IFilterResample::CLASS_ID + Core::Property::SEPARATOR +
+                                    Proc::IResample::CLASS_ID + Core::Property::SEPARATOR +
+                                    IFormatCodecAudio::TAG_SAMPLE_RATE;
+    return path;
 }
 
 void DataHelperFormatBase::CorrectFormatCodec(Core::Property& codec) const {
@@ -101,8 +105,8 @@ void DataHelperFormatBase::CorrectFormatCodec(Core::Property& codec) const {
     Core::Property& sampleRate = codec[IFormatCodecAudio::TAG_SAMPLE_RATE];
     const Core::Property& codecId = codec[IFormatCodec::TAG_CODEC_ID];
 
-    const std::string codecPath = AudioCodecIdPath();
-    const std::string ratePath = SampleRatePath();
+    const std::string& codecPath = AudioCodecIdPath();
+    const std::string& ratePath = SampleRatePath();
     for (const auto& entry : rules) {
         const IValidationRule& rule = *entry.second;
         if (rule.GetFirstPath() != codecPath || rule.GetSecondPath() != ratePath ||

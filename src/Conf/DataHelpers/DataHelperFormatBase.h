@@ -40,9 +40,9 @@ protected:
     void SetVideoCodecs(const std::vector<std::string>& codecs, const std::string& defaultCodec);
     void SetAudioCodecs(const std::vector<std::string>& codecs, const std::string& defaultCodec);
 
-    // The two ends of a sample-rate rule, from the root of a job's settings.
-    static std::string AudioCodecIdPath();
-    static std::string SampleRatePath();
+    // The two ends of a sample-rate rule, from the root of a job's settings; built on first use.
+    static const std::string& AudioCodecIdPath();
+    static const std::string& SampleRatePath();
 
 private:
     boost::intrusive_ptr<const IPropertyConstraint> m_videoCodecs;

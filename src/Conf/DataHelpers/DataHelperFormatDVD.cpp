@@ -62,7 +62,7 @@ DataHelperFormatDVD::DataHelperFormatDVD() : DataHelperFormatContainer(kDescript
     AddSetting(Core::Property(F::TAG_DISK_SIZE, F::DISK_SIZE_DVD_STANDARD));
     const std::string videoCodec = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_CODEC_ID);
     const std::string videoBitrate = Path(IPreset::KEY_FILTER_VIDEO_CODEC, IFormatCodec::TAG_BITRATE);
-    const std::string audioCodec = AudioCodecIdPath();
+    const std::string& audioCodec = AudioCodecIdPath();
     const boost::intrusive_ptr<const IPropertyConstraint> discAudio =
         ConstraintSet::Create(IdentifierPairs(kDiscAudio));
     AddRule(PairValidationRule::Create(videoCodec, ConstraintSet::Create(IdentifierPairs(kMpeg2Video)), videoBitrate,

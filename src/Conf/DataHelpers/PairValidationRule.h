@@ -26,6 +26,10 @@ public:
     boost::intrusive_ptr<const IPropertyConstraint> GetFirstConstraint() const override;
     boost::intrusive_ptr<const IPropertyConstraint> GetSecondConstraint() const override;
 
+    // The paths without a copy, for checks that read many rules.
+    const std::string& FirstPath() const noexcept { return m_firstPath; }
+    const std::string& SecondPath() const noexcept { return m_secondPath; }
+
 protected:
     PairValidationRule(std::string firstPath, boost::intrusive_ptr<const IPropertyConstraint> firstConstraint,
                        std::string secondPath, boost::intrusive_ptr<const IPropertyConstraint> secondConstraint);

@@ -1,7 +1,9 @@
 #include "Conf/DataHelpers/ValidationRuleCheck.h"
 
 #include "Conf/ConfException.h"
+#include "Conf/DataHelpers/PairValidationRule.h"
 
+#include <typeinfo>
 #include <utility>
 
 namespace Tervan::Conf {
@@ -32,6 +34,32 @@ std::string Said(const std::string& path, const Core::Property& value) {
     return path + " is " + Core::PropertyValueToString(value);
 }
 
+// One of the two paths of the rule being checked. The library's own rules lend theirs;
+// any other rule's is copied, once. The verdict takes the one it names.
+class RulePath {
+public:
+    RulePath(const IValidationRule& rule, const PairValidationRule* own, bool first) {
+        if (own != nullptr) {
+            m_lent = first ? &own->FirstPath() : &own->SecondPath();
+        } else {
+            m_copy = first ? rule.GetFirstPath() : rule.GetSecondPath();
+        }
+    }
+
+    const std::string& Get() const { return m_lent != nullptr ? *m_lent : m_copy; }
+
+    std::string Take() {
+        if (m_lent != nullptr) {
+            return *m_lent;
+        }
+        return std::move(m_copy);
+    }
+
+private:
+    const std::string* m_lent = nullptr;
+    std::string m_copy;
+};
+
 // Takes the path and the detail over: a host checking many rules pays for no copies.
 ValidationRuleCheck Make(ValidationRuleCheck::Verdict verdict, std::string&& path, std::string&& detail) {
     ValidationRuleCheck check;
@@ -45,55 +73,57 @@ ValidationRuleCheck Run(const IValidationRule& rule, const Core::Property& setti
     using Check = ValidationRuleCheck;
     // Builds the detail line only when asked: a host checking many rules wants verdicts.
     const auto text = [explain](const auto& make) { return explain ? make() : std::string(); };
-    std::string firstPath = rule.GetFirstPath();
+    const auto* own =
+        typeid(rule) == typeid(PairValidationRule) ? static_cast<const PairValidationRule*>(&rule) : nullptr;
+    RulePath firstPath(rule, own, true);
     const auto firstConstraint = rule.GetFirstConstraint();
     // Why the second setting is asked at all, for the detail line.
     std::string because;
     // A rule tied to no other setting always applies.
     if (firstConstraint) {
-        const Core::Property* first = settings.FindChildByPath(firstPath);
+        const Core::Property* first = settings.FindChildByPath(firstPath.Get());
         if (first == nullptr) {
-            std::string line = text([&] { return "missing setting " + firstPath; });
-            return Make(Check::MISSING_SETTING, std::move(firstPath), std::move(line));
+            std::string line = text([&] { return "missing setting " + firstPath.Get(); });
+            return Make(Check::MISSING_SETTING, firstPath.Take(), std::move(line));
         }
         std::string detail;
-        switch (Judge(*firstConstraint, firstPath, *first, detail)) {
+        switch (Judge(*firstConstraint, firstPath.Get(), *first, detail)) {
             case Judgement::UNSATISFIED:
-                detail = text([&] { return "does not apply while " + Said(firstPath, *first); });
-                return Make(Check::HOLDS, std::move(firstPath), std::move(detail));
+                detail = text([&] { return "does not apply while " + Said(firstPath.Get(), *first); });
+                return Make(Check::HOLDS, firstPath.Take(), std::move(detail));
             case Judgement::WRONG_TYPE:
-                return Make(Check::WRONG_TYPE, std::move(firstPath), std::move(detail));
+                return Make(Check::WRONG_TYPE, firstPath.Take(), std::move(detail));
             case Judgement::SATISFIED:
-                because = text([&] { return " while " + Said(firstPath, *first); });
+                because = text([&] { return " while " + Said(firstPath.Get(), *first); });
                 break;
         }
     }
-    std::string secondPath = rule.GetSecondPath();
+    RulePath secondPath(rule, own, false);
     const auto secondConstraint = rule.GetSecondConstraint();
-    const Core::Property* second = settings.FindChildByPath(secondPath);
+    const Core::Property* second = settings.FindChildByPath(secondPath.Get());
     std::string detail;
     if (second == nullptr) {
-        detail = text([&] { return "missing setting " + secondPath; });
-        return Make(Check::MISSING_SETTING, std::move(secondPath), std::move(detail));
+        detail = text([&] { return "missing setting " + secondPath.Get(); });
+        return Make(Check::MISSING_SETTING, secondPath.Take(), std::move(detail));
     }
     if (!secondConstraint) {
-        detail = text([&] { return "nothing is required of " + secondPath; });
-        return Make(Check::HOLDS, std::move(secondPath), std::move(detail));
+        detail = text([&] { return "nothing is required of " + secondPath.Get(); });
+        return Make(Check::HOLDS, secondPath.Take(), std::move(detail));
     }
     Check::Verdict verdict = Check::BROKEN;
-    switch (Judge(*secondConstraint, secondPath, *second, detail)) {
+    switch (Judge(*secondConstraint, secondPath.Get(), *second, detail)) {
         case Judgement::SATISFIED:
             verdict = Check::HOLDS;
-            detail = text([&] { return Said(secondPath, *second) + ", as admitted" + because; });
+            detail = text([&] { return Said(secondPath.Get(), *second) + ", as admitted" + because; });
             break;
         case Judgement::WRONG_TYPE:
             verdict = Check::WRONG_TYPE;
             break;
         case Judgement::UNSATISFIED:
-            detail = text([&] { return Said(secondPath, *second) + ", not admitted" + because; });
+            detail = text([&] { return Said(secondPath.Get(), *second) + ", not admitted" + because; });
             break;
     }
-    return Make(verdict, std::move(secondPath), std::move(detail));
+    return Make(verdict, secondPath.Take(), std::move(detail));
 }
 
 }  // namespace
