@@ -168,6 +168,12 @@ TEST(Property, SetChildTakesItsValueFromTheSameTree) {
     root.SetChild("moved", std::move(root["copy0"]));
     EXPECT_EQ(root["moved"]["id"].GetString(), "aac");
     EXPECT_EQ(root["moved"].GetName(), "moved");
+    // A node moved into itself becomes its own only child.
+    Property self = SampleTree();
+    Property& alias = self;
+    self.SetChild("self", std::move(alias));
+    ASSERT_EQ(self.Count(), 1u);
+    EXPECT_EQ(self["self"]["codec"]["id"].GetString(), "aac");
     // The name may be the moved value's own, once as a new child and once replacing one.
     Property parent("parent");
     for (int round = 0; round < 2; ++round) {

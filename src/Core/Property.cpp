@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <limits>
 #include <string_view>
 
@@ -187,11 +188,18 @@ Property& Property::SetChild(const std::string& name, Property&& value) {
     if (GetType() != TYPE_CONTAINER) {
         BOOST_THROW_EXCEPTION(NotApplicable("SetChild"));
     }
+    Property* child = FindChild(name);
+    const std::less<const Property*> before;
+    const bool ownChild = !before(&value, m_children.data()) && before(&value, m_children.data() + m_children.size());
+    if (child == nullptr && !ownChild && &value != this) {
+        // Growing moves only this node's own children, so any other value can go in as it is.
+        value.m_name = name;
+        return AppendChild(std::move(value));
+    }
     // Take the value over before the children may move: it may be one of them, and name may be its own.
     const bool ownName = &name == &value.m_name;
     Property taken(std::move(value));
     const std::string& wanted = ownName ? taken.m_name : name;
-    Property* child = FindChild(wanted);
     if (child == nullptr) {
         taken.m_name = wanted;
         return AppendChild(std::move(taken));
