@@ -1,6 +1,8 @@
 #include "Media/MediaWrapper.h"
 
 #include "Conf/ConfException.h"
+#include "Conf/Interfaces/IFormatCodecAudio.h"
+#include "Conf/Interfaces/IFormatCodecVideo.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -11,8 +13,89 @@ extern "C" {
 #include <array>
 
 namespace Tervan::Conf {
+namespace {
+
+using A = IFormatCodecAudio;
+using V = IFormatCodecVideo;
+
+// Columns: codec identifier of the vocabulary, libavcodec's id for it (the descriptor
+// of that name; "auto" has none). libavcodec keeps its ids within a major version.
+// Asking libavcodec by name compares the name of every descriptor before the match,
+// and those names lie scattered over its read-only data: reading them all makes some
+// 400 KiB resident at load.
+struct KnownCodec {
+    const std::string* textId;
+    AVCodecID codecId;
+};
+const KnownCodec kKnownCodecs[] = {
+    {&IFormatCodec::CODEC_ID_AUTO, AV_CODEC_ID_NONE},
+    {&A::CODEC_ID_AAC, AV_CODEC_ID_AAC},
+    {&A::CODEC_ID_AC3, AV_CODEC_ID_AC3},
+    {&A::CODEC_ID_ALAC, AV_CODEC_ID_ALAC},
+    {&A::CODEC_ID_AMR_NB, AV_CODEC_ID_AMR_NB},
+    {&A::CODEC_ID_DTS, AV_CODEC_ID_DTS},
+    {&A::CODEC_ID_FLAC, AV_CODEC_ID_FLAC},
+    {&A::CODEC_ID_MP2, AV_CODEC_ID_MP2},
+    {&A::CODEC_ID_MP3, AV_CODEC_ID_MP3},
+    {&A::CODEC_ID_VORBIS, AV_CODEC_ID_VORBIS},
+    {&A::CODEC_ID_WMAV2, AV_CODEC_ID_WMAV2},
+    {&A::CODEC_ID_PCM_S8, AV_CODEC_ID_PCM_S8},
+    {&A::CODEC_ID_PCM_U8, AV_CODEC_ID_PCM_U8},
+    {&A::CODEC_ID_PCM_S16BE, AV_CODEC_ID_PCM_S16BE},
+    {&A::CODEC_ID_PCM_S16LE, AV_CODEC_ID_PCM_S16LE},
+    {&A::CODEC_ID_PCM_S24BE, AV_CODEC_ID_PCM_S24BE},
+    {&A::CODEC_ID_PCM_S24LE, AV_CODEC_ID_PCM_S24LE},
+    {&A::CODEC_ID_PCM_S32BE, AV_CODEC_ID_PCM_S32BE},
+    {&A::CODEC_ID_PCM_S32LE, AV_CODEC_ID_PCM_S32LE},
+    {&A::CODEC_ID_PCM_U16BE, AV_CODEC_ID_PCM_U16BE},
+    {&A::CODEC_ID_PCM_U16LE, AV_CODEC_ID_PCM_U16LE},
+    {&A::CODEC_ID_PCM_U24BE, AV_CODEC_ID_PCM_U24BE},
+    {&A::CODEC_ID_PCM_U24LE, AV_CODEC_ID_PCM_U24LE},
+    {&A::CODEC_ID_PCM_U32BE, AV_CODEC_ID_PCM_U32BE},
+    {&A::CODEC_ID_PCM_U32LE, AV_CODEC_ID_PCM_U32LE},
+    {&V::CODEC_ID_BMP, AV_CODEC_ID_BMP},
+    {&V::CODEC_ID_DPX, AV_CODEC_ID_DPX},
+    {&V::CODEC_ID_DVVIDEO, AV_CODEC_ID_DVVIDEO},
+    {&V::CODEC_ID_FLV1, AV_CODEC_ID_FLV1},
+    {&V::CODEC_ID_GIF, AV_CODEC_ID_GIF},
+    {&V::CODEC_ID_H263, AV_CODEC_ID_H263},
+    {&V::CODEC_ID_H264, AV_CODEC_ID_H264},
+    {&V::CODEC_ID_H265, AV_CODEC_ID_HEVC},
+    {&V::CODEC_ID_JPEG2000, AV_CODEC_ID_JPEG2000},
+    {&V::CODEC_ID_JPEGLS, AV_CODEC_ID_JPEGLS},
+    {&V::CODEC_ID_MJPEG, AV_CODEC_ID_MJPEG},
+    {&V::CODEC_ID_MPEG1VIDEO, AV_CODEC_ID_MPEG1VIDEO},
+    {&V::CODEC_ID_MPEG2VIDEO, AV_CODEC_ID_MPEG2VIDEO},
+    {&V::CODEC_ID_MPEG4, AV_CODEC_ID_MPEG4},
+    {&V::CODEC_ID_PAM, AV_CODEC_ID_PAM},
+    {&V::CODEC_ID_PBM, AV_CODEC_ID_PBM},
+    {&V::CODEC_ID_PCX, AV_CODEC_ID_PCX},
+    {&V::CODEC_ID_PGM, AV_CODEC_ID_PGM},
+    {&V::CODEC_ID_PGMYUV, AV_CODEC_ID_PGMYUV},
+    {&V::CODEC_ID_PNG, AV_CODEC_ID_PNG},
+    {&V::CODEC_ID_PPM, AV_CODEC_ID_PPM},
+    {&V::CODEC_ID_PRORES, AV_CODEC_ID_PRORES},
+    {&V::CODEC_ID_QTRLE, AV_CODEC_ID_QTRLE},
+    {&V::CODEC_ID_SGI, AV_CODEC_ID_SGI},
+    {&V::CODEC_ID_TARGA, AV_CODEC_ID_TARGA},
+    {&V::CODEC_ID_THEORA, AV_CODEC_ID_THEORA},
+    {&V::CODEC_ID_TIFF, AV_CODEC_ID_TIFF},
+    {&V::CODEC_ID_VP8, AV_CODEC_ID_VP8},
+    {&V::CODEC_ID_VP9, AV_CODEC_ID_VP9},
+    {&V::CODEC_ID_WMV2, AV_CODEC_ID_WMV2},
+    {&V::CODEC_ID_WMV3, AV_CODEC_ID_WMV3},
+    {&V::CODEC_ID_XBM, AV_CODEC_ID_XBM},
+    {&V::CODEC_ID_XWD, AV_CODEC_ID_XWD},
+};
+
+}  // namespace
 
 int CodecIDFromTextID(const std::string& textId) {
+    for (const KnownCodec& row : kKnownCodecs) {
+        if (*row.textId == textId) {
+            return row.codecId;
+        }
+    }
     const AVCodecDescriptor* descriptor = avcodec_descriptor_get_by_name(textId.c_str());
     return descriptor == nullptr ? AV_CODEC_ID_NONE : descriptor->id;
 }
@@ -84,6 +167,21 @@ const AVSampleFormat* SampleFormats(const AVCodec* codec) {
 #endif
 }
 
+// avcodec_find_encoder_by_name compares the name of every codec before the match, and
+// those names lie scattered over libavcodec's read-only data: reading them all makes
+// nearly a megabyte resident. Encoder names are unique, so looking only at encoders of
+// the expected id finds the same one while reading just their names; the full search
+// remains for a name registered under another id, or not at all.
+const AVCodec* FindEncoderByName(const std::string& name, int codecId) {
+    void* opaque = nullptr;
+    while (const AVCodec* codec = av_codec_iterate(&opaque)) {
+        if (codec->id == codecId && av_codec_is_encoder(codec) != 0 && name == codec->name) {
+            return codec;
+        }
+    }
+    return avcodec_find_encoder_by_name(name.c_str());
+}
+
 std::vector<std::uint64_t> ChannelMasks(const AVCodec* codec) {
 #if LIBAVCODEC_VERSION_INT >= AV_VERSION_INT(61, 13, 100)
     const AVChannelLayout* layouts = SupportedConfig<AVChannelLayout>(codec, AV_CODEC_CONFIG_CHANNEL_LAYOUT);
@@ -139,7 +237,7 @@ bool ChannelLayoutFFMPEGIsSupported(std::uint64_t mask) {
 
 std::optional<EncoderDescription> FindEncoder(const std::string& encoderName, int codecId) {
     const AVCodec* codec = encoderName.empty() ? avcodec_find_encoder(static_cast<AVCodecID>(codecId))
-                                               : avcodec_find_encoder_by_name(encoderName.c_str());
+                                               : FindEncoderByName(encoderName, codecId);
     if (codec == nullptr) {
         return std::nullopt;
     }
