@@ -91,7 +91,8 @@ private:
     const Consulted& ConsultedLists() const;
 
     std::string m_codecId;
-    // libavcodec's number for the codec id: its lookup walks every codec descriptor.
+    // libavcodec's number for the codec id, asked once: for an identifier outside the
+    // vocabulary the lookup walks every codec descriptor.
     int m_libavcodecId;
     std::string m_encoderName;
     MediaType m_mediaType;
