@@ -127,6 +127,9 @@ TEST_F(TervanJob, BadCommandLinesAreRefusedWithTheReason) {
          "mp3\n"},
         {"new mp3 --video h264", "tervan-job: --video: format mp3 has no video stream"},
         {"new mp4 --video h265", "tervan-job: --video: unknown video codec \"h265\"; expected one of: "},
+        {"new matroska --video dvvideo",
+         "tervan-job: --video: video codec \"dvvideo\" has no helper, so its settings can be neither built nor "
+         "judged; codecs with helpers: bmp, "},
         {"new mp5", "tervan-job: FORMAT: unknown format \"mp5\"; expected one of: 3g2, 3gp,"},
     };
     for (const Case& c : cases) {
@@ -395,12 +398,12 @@ TEST_F(TervanJob, ExampleJobsGetTheirVerdictsAndRepairs) {
           "streams/1/audio_codec/sample_rate)",
           "3 changes; the job is valid"},
          {{"/format/streams/1/audio_resample/resampler/sample_rate", 16000}}},
-        // Nothing near an odd width is even: a broken rule falls back to the default.
+        // The even-number check repairs nothing itself: the value falls back to the default.
         {"jobs/broken/odd-width.json",
          1,
          "streams/0/resize/resizer/width = 801: Value must be an even number [filter resize]",
-         {"changed streams/0/video_codec/width: 801 -> 800 (filter resize: Value must be an even number; nothing near "
-          "is admitted, so the default)",
+         {"changed streams/0/video_codec/width: 801 -> 800 (filter resize: Value must be an even number; no repair of "
+          "its own, so the default)",
           "changed streams/0/resize/resizer/width: 801 -> 800 (kept in step with streams/0/video_codec/width)",
           "2 changes; the job is valid"},
          {{"/format/streams/0/resize/resizer/width", 800}}},
@@ -410,7 +413,7 @@ TEST_F(TervanJob, ExampleJobsGetTheirVerdictsAndRepairs) {
          "streams/0/video_codec/bitrate_mode = \"vbr\": Parameter bitrate_mode must be one of the following values: "
          "cbr_auto cbr [format dvd]",
          {"changed streams/0/video_codec/bitrate_mode: \"vbr\" -> \"cbr\" (format dvd: Parameter bitrate_mode must "
-          "be one of the following values: cbr_auto cbr; nothing near is admitted, so the default)",
+          "be one of the following values: cbr_auto cbr; no repair of its own, so the default)",
           "1 change; the job is valid"},
          {{"/format/streams/0/video_codec/bitrate_mode", "cbr"}}},
         {"jobs/broken/sides-disagree.json",
@@ -603,7 +606,8 @@ TEST_F(TervanJob, BadDocumentsAreRefusedInOneLine) {
         ExpectRefused(Run("check " + file.string()), c.message);
         ExpectRefused(Run("fix " + file.string()), c.message);
     }
-    ExpectRefused(Run("check " + (m_dir / "absent.json").string()), "absent.json: cannot be read");
+    ExpectRefused(Run("check " + (m_dir / "absent.json").string()),
+                  "absent.json: cannot be read: No such file or directory");
     EXPECT_EQ(Run("check " + m_dir.string()).status, 2);
 }
 

@@ -5,6 +5,7 @@
 #include "Conf/Interfaces/IPreset.h"
 #include "Job.h"
 #include "JobJson.h"
+#include "Media/MediaWrapper.h"
 #include "Proc/IFilterAudioFormatter.h"
 #include "Proc/IFilterAudioVolume.h"
 #include "Proc/IFilterDeinterlace.h"
@@ -54,9 +55,15 @@ Conf::DataHelperPtr Catalogue::Get(Kind kind, const std::string& name, const std
             // Reported below with the names that do exist.
         }
     }
-    const std::vector<std::string> names = Names(kind);
-    throw InputError(where, "unknown " + KindName(kind) + " \"" + name +
-                                "\"; expected one of: " + boost::algorithm::join(names, ", "));
+    const std::string names = boost::algorithm::join(Names(kind), ", ");
+    // A format may list a codec that libavcodec knows but no helper describes (dvvideo).
+    if ((kind == AUDIO_CODEC || kind == VIDEO_CODEC) && Conf::CodecIDFromTextID(name) != 0) {
+        throw InputError(where, KindName(kind) + " \"" + name +
+                                    "\" has no helper, so its settings can be neither built nor judged; codecs "
+                                    "with helpers: " +
+                                    names);
+    }
+    throw InputError(where, "unknown " + KindName(kind) + " \"" + name + "\"; expected one of: " + names);
 }
 
 std::vector<std::string> Catalogue::Names(Kind kind) {

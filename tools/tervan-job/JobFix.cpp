@@ -90,7 +90,7 @@ bool Repair(const Conf::IPropertyConstraint& constraint, Core::Property& value,
         const Admitted admitted = Probe(constraint);
         if (fallback && AdmitsQuietly(constraint, *fallback)) {
             candidate.CopyDataFrom(*fallback);
-            reason += "; nothing near is admitted, so the default";
+            reason += "; no repair of its own, so the default";
         } else if (admitted.values.size() == 1 && AdmitsQuietly(constraint, admitted.values.front().second)) {
             candidate.CopyDataFrom(admitted.values.front().second);
         } else {

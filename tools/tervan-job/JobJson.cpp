@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
@@ -9,6 +10,7 @@
 #include <iostream>
 #include <limits>
 #include <set>
+#include <system_error>
 #include <vector>
 
 namespace Tervan::Job {
@@ -277,9 +279,13 @@ std::string ReadTextFile(const std::string& file) {
         if (std::filesystem::is_directory(file, error)) {
             throw InputError(file, "is a directory, expected a JSON file");
         }
+        errno = 0;
         stream.open(file, std::ios::binary);
         if (!stream) {
-            throw InputError(file, "cannot be read");
+            // The stream keeps no reason; the open it made left one in errno.
+            const int reason = errno;
+            throw InputError(file, reason != 0 ? "cannot be read: " + std::generic_category().message(reason)
+                                               : std::string("cannot be read"));
         }
         in = &stream;
     }
