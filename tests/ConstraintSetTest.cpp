@@ -99,15 +99,18 @@ TEST(ConstraintException, TypeMismatchNamesTheClassTheTypeAndTheThrowSite) {
         Property value;
         const char* constraintClass;
         PropertyTypes type;
+        const char* what;
     };
     const Case cases[] = {
-        {"set", ConstraintSet::Create(PairList<double>{{"one", 1.0}}), Property("", 1), "ConstraintSet", TYPE_DOUBLE},
-        {"codecs", ConstraintCodecs::Create({{"AAC", "aac"}}, "aac"), Property("", 5), "ConstraintCodecs", TYPE_STRING},
+        {"set", ConstraintSet::Create(PairList<double>{{"one", 1.0}}), Property("", 1), "ConstraintSet", TYPE_DOUBLE,
+         "ConstraintSet judges values of the type double, not of the type int64"},
+        {"codecs", ConstraintCodecs::Create({{"AAC", "aac"}}, "aac"), Property("", 5), "ConstraintCodecs", TYPE_STRING,
+         "ConstraintCodecs judges values of the type string, not of the type int64"},
         // The layout constraint deliberately reports the value-set class.
-        {"layout", ConstraintChannelLayout::Create({IFormatCodecAudio::TAG_CH_LAYOUT_MONO}), Property("", 2),
-         "ConstraintSet", TYPE_STRING},
+        {"layout", ConstraintChannelLayout::Create({IFormatCodecAudio::TAG_CH_LAYOUT_MONO}), Property("", true),
+         "ConstraintSet", TYPE_STRING, "ConstraintSet judges values of the type string, not of the type bool"},
         {"sample format", ConstraintSampleFormat::Create({SAMPLE_FMT_S16}), Property("", 1.0), "ConstraintSampleFormat",
-         TYPE_STRING},
+         TYPE_STRING, "ConstraintSampleFormat judges values of the type string, not of the type double"},
     };
     for (const Case& c : cases) {
         for (bool fixup : {false, true}) {
@@ -121,6 +124,7 @@ TEST(ConstraintException, TypeMismatchNamesTheClassTheTypeAndTheThrowSite) {
                 const auto* type = boost::get_error_info<ConstraintException::TagValueType>(e);
                 ASSERT_NE(type, nullptr);
                 EXPECT_EQ(*type, c.type);
+                EXPECT_STREQ(e.what(), c.what);
                 EXPECT_NE(boost::get_error_info<boost::throw_function>(e), nullptr);
                 EXPECT_NE(boost::get_error_info<boost::throw_file>(e), nullptr);
                 EXPECT_NE(boost::get_error_info<boost::throw_line>(e), nullptr);

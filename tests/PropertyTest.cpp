@@ -216,6 +216,8 @@ TEST(Property, AddingChildrenToAValueThrowsWithTags) {
             EXPECT_EQ((TagOf<MethodIsNotApplicable, PropertyException::TagMethodName>(e)), c.method);
             EXPECT_EQ((TagOf<MethodIsNotApplicable, PropertyException::TagPropertyName>(e)), "leaf");
             EXPECT_EQ((TagOf<MethodIsNotApplicable, PropertyException::TagPropertyType>(e)), Tervan::TYPE_INT64);
+            EXPECT_EQ(e.what(), "Property 'leaf' holds a value of the type int64, so " + std::string(c.method) +
+                                    " cannot give it children");
             EXPECT_FALSE((TagOf<MethodIsNotApplicable, Tervan::Exception::TagCallStack>(e)).empty());
             EXPECT_NE(boost::get_error_info<boost::throw_file>(e), nullptr);
             EXPECT_NE(boost::get_error_info<boost::throw_line>(e), nullptr);

@@ -25,4 +25,9 @@ public:
 
 class TERVAN_API ConstraintIsNotApplicableForTypeException : public ConstraintException {};
 
+// The exception for a constraint of class constraintClass, which judges values of the
+// type judged, asked about a value of the type given: both tags and a description.
+TERVAN_API ConstraintIsNotApplicableForTypeException NotApplicableForType(const std::string& constraintClass,
+                                                                          PropertyTypes judged, PropertyTypes given);
+
 }  // namespace Tervan::Conf

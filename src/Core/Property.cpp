@@ -101,7 +101,9 @@ PropertyTypes Property::GetType() const {
 MethodIsNotApplicable Property::NotApplicable(const char* method) const {
     MethodIsNotApplicable e;
     e << PropertyException::TagMethodName(method) << PropertyException::TagPropertyName(m_name)
-      << PropertyException::TagPropertyType(GetType());
+      << PropertyException::TagPropertyType(GetType())
+      << Exception::TagDescription("Property '" + m_name + "' holds a value of the type " +
+                                   PropertyTypeName(GetType()) + ", so " + method + " cannot give it children");
     AddStack(e);
     return e;
 }
@@ -351,3 +353,25 @@ std::string PropertyValueToString(const Property& property) {
 }
 
 }  // namespace Tervan::Core
+
+namespace Tervan {
+
+const char* PropertyTypeName(PropertyTypes type) {
+    switch (type) {
+        case TYPE_BOOL:
+            return "bool";
+        case TYPE_DOUBLE:
+            return "double";
+        case TYPE_INT64:
+            return "int64";
+        case TYPE_STRING:
+            return "string";
+        case TYPE_RATIONAL:
+            return "rational";
+        case TYPE_CONTAINER:
+            break;
+    }
+    return "container";
+}
+
+}  // namespace Tervan

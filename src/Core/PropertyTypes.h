@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Core/Api.h"
+
 namespace Tervan {
 
 // The numbers are part of the contract: constraints report them in exceptions.
@@ -11,6 +13,9 @@ enum PropertyTypes {
     TYPE_RATIONAL = 5,
     TYPE_CONTAINER = 6,
 };
+
+// "bool", "double", "int64", "string", "rational" or "container", for messages.
+TERVAN_API const char* PropertyTypeName(PropertyTypes type);
 
 enum MediaType {
     MEDIA_TYPE_VIDEO = 1,

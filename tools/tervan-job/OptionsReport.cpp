@@ -123,21 +123,7 @@ std::string Scope(Catalogue::Kind kind) {
 }
 
 const char* JsonTypeName(PropertyTypes type) {
-    switch (type) {
-        case TYPE_BOOL:
-            return "bool";
-        case TYPE_DOUBLE:
-            return "double";
-        case TYPE_INT64:
-            return "int64";
-        case TYPE_STRING:
-            return "string";
-        case TYPE_RATIONAL:
-            return "rational";
-        case TYPE_CONTAINER:
-            break;
-    }
-    return "object";
+    return type == TYPE_CONTAINER ? "object" : PropertyTypeName(type);
 }
 
 std::optional<PropertyTypes> SettingType(const Setting& setting, const Admitted& admitted) {

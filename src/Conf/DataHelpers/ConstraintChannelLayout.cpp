@@ -36,9 +36,7 @@ boost::intrusive_ptr<const IPropertyConstraint> ConstraintChannelLayout::Create(
 bool ConstraintChannelLayout::IsValid(const Core::Property& value) const {
     if (value.GetType() != TYPE_STRING) {
         // Reports the value-set class on purpose: hosts treat both alike.
-        BOOST_THROW_EXCEPTION(ConstraintIsNotApplicableForTypeException()
-                              << ConstraintException::TagConstraintClass("ConstraintSet")
-                              << ConstraintException::TagValueType(TYPE_STRING));
+        BOOST_THROW_EXCEPTION(NotApplicableForType("ConstraintSet", TYPE_STRING, value.GetType()));
     }
     return std::find(m_layouts.begin(), m_layouts.end(), value.GetString()) != m_layouts.end();
 }

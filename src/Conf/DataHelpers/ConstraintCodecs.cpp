@@ -18,9 +18,7 @@ boost::intrusive_ptr<const IPropertyConstraint> ConstraintCodecs::Create(const P
 
 bool ConstraintCodecs::IsValid(const Core::Property& value) const {
     if (value.GetType() != TYPE_STRING) {
-        BOOST_THROW_EXCEPTION(ConstraintIsNotApplicableForTypeException()
-                              << ConstraintException::TagConstraintClass("ConstraintCodecs")
-                              << ConstraintException::TagValueType(TYPE_STRING));
+        BOOST_THROW_EXCEPTION(NotApplicableForType("ConstraintCodecs", TYPE_STRING, value.GetType()));
     }
     for (const auto& codec : m_codecs) {
         if (codec.second == value.GetString()) {

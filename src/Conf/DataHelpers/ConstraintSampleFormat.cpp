@@ -31,9 +31,7 @@ boost::intrusive_ptr<const IPropertyConstraint> ConstraintSampleFormat::Create(
 
 bool ConstraintSampleFormat::IsValid(const Core::Property& value) const {
     if (value.GetType() != TYPE_STRING) {
-        BOOST_THROW_EXCEPTION(ConstraintIsNotApplicableForTypeException()
-                              << ConstraintException::TagConstraintClass("ConstraintSampleFormat")
-                              << ConstraintException::TagValueType(TYPE_STRING));
+        BOOST_THROW_EXCEPTION(NotApplicableForType("ConstraintSampleFormat", TYPE_STRING, value.GetType()));
     }
     const SampleFormats format = SampleFmtRecord::Find(value.GetString()).format;
     for (const auto& entry : m_formats) {

@@ -94,9 +94,7 @@ void ConstraintSet::FillValueList(const boost::intrusive_ptr<IConstraintConsumer
 
 bool ConstraintSet::IsValid(const Core::Property& value) const {
     if (value.GetType() != m_type) {
-        BOOST_THROW_EXCEPTION(ConstraintIsNotApplicableForTypeException()
-                              << ConstraintException::TagConstraintClass("ConstraintSet")
-                              << ConstraintException::TagValueType(m_type));
+        BOOST_THROW_EXCEPTION(NotApplicableForType("ConstraintSet", m_type, value.GetType()));
     }
     for (const auto& entry : m_entries) {
         if (entry.second == value) {
