@@ -2,8 +2,8 @@
 
 namespace Tervan::Conf {
 
-ConstraintIsNotApplicableForTypeException NotApplicableForType(const std::string& constraintClass,
-                                                               PropertyTypes judged, PropertyTypes given) {
+ConstraintIsNotApplicableForTypeException NotApplicableForType(const std::string& constraintClass, PropertyTypes judged,
+                                                               PropertyTypes given) {
     ConstraintIsNotApplicableForTypeException e;
     e << ConstraintException::TagConstraintClass(constraintClass) << ConstraintException::TagValueType(judged)
       << Exception::TagDescription(constraintClass + " judges values of the type " + PropertyTypeName(judged) +
