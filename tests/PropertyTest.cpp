@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <utility>
@@ -51,6 +53,31 @@ TEST(Property, AssignmentReplacesTypeAndDropsChildren) {
     EXPECT_EQ(node.GetType(), Tervan::TYPE_INT64);
     EXPECT_EQ(node.GetInt64(), 7);
     EXPECT_EQ(node.GetName(), "root");
+}
+
+// Every integer type goes in as a 64-bit integer, by constructor, assignment and
+// SetChildT alike; an unsigned value too large for it is refused, not wrapped.
+TEST(Property, AnyIntegerTypeIsStoredAs64Bits) {
+    constexpr unsigned long long largest = std::numeric_limits<long long>::max();
+    Property root("root");
+    root.SetChildT("unsigned", 5u);
+    root.SetChildT("size", std::size_t{6});
+    root["unsigned"] = static_cast<unsigned short>(7);
+    root["size"] = largest;
+    EXPECT_EQ(root["unsigned"].GetInt64(), 7);
+    EXPECT_EQ(root["size"].GetInt64(), std::numeric_limits<long long>::max());
+    EXPECT_EQ(Property("u8", std::uint8_t{200}).GetInt64(), 200);
+    EXPECT_EQ(Property("neg", static_cast<signed char>(-3)).GetInt64(), -3);
+
+    EXPECT_THROW(Property("big", largest + 1), PropertyException);
+    try {
+        root["size"] = std::numeric_limits<unsigned long long>::max();
+        ADD_FAILURE() << "no exception";
+    } catch (const PropertyException& e) {
+        EXPECT_STREQ(e.what(),
+                     "Property 'size' cannot hold 18446744073709551615: beyond the 64-bit integers it stores");
+    }
+    EXPECT_EQ(root["size"].GetInt64(), std::numeric_limits<long long>::max()) << "a refused value changes nothing";
 }
 
 TEST(Property, NumericReadersConvert) {

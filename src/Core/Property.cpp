@@ -70,12 +70,6 @@ Property& Property::AssignValue(Value value) {
 Property& Property::operator=(bool value) {
     return AssignValue(value);
 }
-Property& Property::operator=(int value) {
-    return AssignValue(static_cast<long long>(value));
-}
-Property& Property::operator=(long value) {
-    return AssignValue(static_cast<long long>(value));
-}
 Property& Property::operator=(long long value) {
     return AssignValue(value);
 }
@@ -104,6 +98,15 @@ MethodIsNotApplicable Property::NotApplicable(const char* method) const {
       << PropertyException::TagPropertyType(GetType())
       << Exception::TagDescription("Property '" + m_name + "' holds a value of the type " +
                                    PropertyTypeName(GetType()) + ", so " + method + " cannot give it children");
+    AddStack(e);
+    return e;
+}
+
+PropertyException Property::Beyond64Bits(const std::string& name, unsigned long long value) {
+    PropertyException e;
+    e << PropertyException::TagPropertyName(name)
+      << Exception::TagDescription("Property '" + name + "' cannot hold " + std::to_string(value) +
+                                   ": beyond the 64-bit integers it stores");
     AddStack(e);
     return e;
 }

@@ -6,6 +6,7 @@
 
 #include <boost/rational.hpp>
 
+#include <limits>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -32,10 +33,11 @@ public:
     Property(const std::string& name, const std::string& value);
     Property(const std::string& name, const char* value);
     Property(const std::string& name, const Ratio& value);
-    // Every other integer type is stored as a 64-bit integer.
+    // Every other integer type is stored as a 64-bit integer; an unsigned value beyond
+    // its range throws PropertyException rather than turning negative.
     template <class T, std::enable_if_t<
                            std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, long long>, int> = 0>
-    Property(const std::string& name, T value) : Property(name, static_cast<long long>(value)) {}
+    Property(const std::string& name, T value) : Property(name, ToInt64(name, value)) {}
 
     Property(const Property&) = default;
     Property(Property&&) noexcept = default;
@@ -45,9 +47,13 @@ public:
 
     // Replace the value (and type); a container loses its children.
     Property& operator=(bool value);
-    Property& operator=(int value);
-    Property& operator=(long value);
     Property& operator=(long long value);
+    // Every other integer type as the constructor takes it.
+    template <class T, std::enable_if_t<
+                           std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, long long>, int> = 0>
+    Property& operator=(T value) {
+        return *this = ToInt64(m_name, value);
+    }
     Property& operator=(double value);
     Property& operator=(const std::string& value);
     Property& operator=(const char* value);
@@ -120,6 +126,16 @@ public:
 private:
     using Value = std::variant<std::monostate, bool, double, long long, std::string, Ratio>;
 
+    template <class T>
+    static long long ToInt64(const std::string& name, T value) {
+        if constexpr (std::is_unsigned_v<T> && sizeof(T) >= sizeof(long long)) {
+            if (value > static_cast<T>(std::numeric_limits<long long>::max())) {
+                BOOST_THROW_EXCEPTION(Beyond64Bits(name, value));
+            }
+        }
+        return static_cast<long long>(value);
+    }
+    static PropertyException Beyond64Bits(const std::string& name, unsigned long long value);
     MethodIsNotApplicable NotApplicable(const char* method) const;
     PropertyException WrongType(const char* method) const;
     Property& AssignValue(Value value);
