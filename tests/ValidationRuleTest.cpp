@@ -133,6 +133,10 @@ TEST(ValidationRuleCheck, VerdictsOnUntrustedTrees) {
     }
     EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, Job("h263", 320)).detail,
               "frame/width is 320, not admitted while codec/id is h263");
+    EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, wrongFirstType).detail,
+              "codec/id holds a value of the type int64 where the type string is expected");
+    EXPECT_EQ(ValidationRuleCheck::Evaluate(*rule, wrongSecondType).detail,
+              "frame/width holds a value of the type double where the type int64 is expected");
 }
 
 TEST(ValidationRuleCheck, RuleTiedToNoSettingAlwaysApplies) {

@@ -6,6 +6,7 @@
 
 #include <boost/rational.hpp>
 
+#include <cstddef>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -32,6 +33,8 @@ public:
     Property(const std::string& name, long long value);
     Property(const std::string& name, const std::string& value);
     Property(const std::string& name, const char* value);
+    // A null text would only fail at run time.
+    Property(const std::string& name, std::nullptr_t) = delete;
     Property(const std::string& name, const Ratio& value);
     // Every other integer type is stored as a 64-bit integer; an unsigned value beyond
     // its range throws PropertyException rather than turning negative.
@@ -57,6 +60,7 @@ public:
     Property& operator=(double value);
     Property& operator=(const std::string& value);
     Property& operator=(const char* value);
+    Property& operator=(std::nullptr_t) = delete;
     Property& operator=(const Ratio& value);
 
     const std::string& GetName() const { return m_name; }

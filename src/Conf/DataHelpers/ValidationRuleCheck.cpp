@@ -21,11 +21,12 @@ Judgement Judge(const IPropertyConstraint& constraint, const std::string& path, 
         return Judgement::UNSATISFIED;
     } catch (const ConstraintException& e) {
         const auto* expected = boost::get_error_info<ConstraintException::TagValueType>(e);
-        detail = path + " holds a value of type " + std::to_string(value.GetType()) + " where type " +
-                 (expected != nullptr ? std::to_string(*expected) : "another") + " is expected";
+        detail = path + " holds a value of the type " + PropertyTypeName(value.GetType()) + " where " +
+                 (expected != nullptr ? std::string("the type ") + PropertyTypeName(*expected) : "another type") +
+                 " is expected";
     } catch (const Core::PropertyException&) {
-        detail =
-            path + " holds a value of type " + std::to_string(value.GetType()) + " that its constraint cannot read";
+        detail = path + " holds a value of the type " + PropertyTypeName(value.GetType()) +
+                 " that its constraint cannot read";
     }
     return Judgement::WRONG_TYPE;
 }
