@@ -12,10 +12,13 @@ namespace Tervan::Conf {
 // to no other setting are evaluated too.
 struct TERVAN_API ValidationRuleCheck {
     enum Verdict {
-        HOLDS,            // the rule holds
-        BROKEN,           // the first setting satisfies its constraint, the second does not
-        MISSING_SETTING,  // a setting the rule must read is absent; path names it
-        WRONG_TYPE,       // a constraint cannot judge a value of that type; path names it
+        HOLDS,   // the rule holds
+        BROKEN,  // the first setting satisfies its constraint, the second does not
+        // A setting the rule must read is absent; path names it. When that is the first
+        // path, the rule does not concern the tree: a format's audio rule on a video
+        // stream, which a host applying the format's rules to every stream skips.
+        MISSING_SETTING,
+        WRONG_TYPE,  // a constraint cannot judge a value of that type; path names it
     };
 
     Verdict verdict = HOLDS;
