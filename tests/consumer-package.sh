@@ -16,14 +16,14 @@ head -n 3 <<<"$output"
 grep -q '^format (44 helpers)$' <<<"$output"
 
 # The flags leave the language standard to the host, which here takes a later one.
-cflags=$(PKG_CONFIG_PATH="$scratch/prefix/lib/pkgconfig" pkg-config --cflags tervan-datahelpers)
+export PKG_CONFIG_PATH="$scratch/prefix/lib/pkgconfig"
+cflags=$(pkg-config --cflags tervan-datahelpers)
 if grep -q -- '-std=' <<<"$cflags"; then
   echo "pkg-config flags pin a language standard: $cflags" >&2
   exit 1
 fi
-PKG_CONFIG_PATH="$scratch/prefix/lib/pkgconfig" c++ -std=c++20 -o "$scratch/pc-consumer" "$source/examples/consumer/main.cpp" \
-  $(PKG_CONFIG_PATH="$scratch/prefix/lib/pkgconfig" pkg-config --cflags --libs tervan-datahelpers) \
-  -Wl,-rpath,"$scratch/prefix/lib"
+c++ -std=c++20 -o "$scratch/pc-consumer" "$source/examples/consumer/main.cpp" $cflags \
+  $(pkg-config --libs tervan-datahelpers) -Wl,-rpath,"$scratch/prefix/lib"
 output=$("$scratch/pc-consumer")
 grep -q '^format (44 helpers)$' <<<"$output"
 
