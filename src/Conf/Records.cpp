@@ -2,6 +2,7 @@
 #include "Conf/ConfException.h"
 #include "Conf/SampleFormats.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Tervan::Conf {
@@ -57,18 +58,14 @@ constexpr std::array<SampleFmtRecord, 12> kSampleFormats = {{
 
 template <class Table, class Predicate>
 const typename Table::value_type* FindIf(const Table& table, Predicate predicate) {
-    for (const auto& record : table) {
-        if (predicate(record)) {
-            return &record;
-        }
-    }
-    return nullptr;
+    const auto found = std::find_if(table.begin(), table.end(), predicate);
+    return found != table.end() ? &*found : nullptr;
 }
 
 }  // namespace
 
 const LayoutRecord& LayoutRecord::Find(ChannelLayout layout) {
-    if (auto* r = FindIf(kLayouts, [layout](const LayoutRecord& x) { return x.layout == layout; })) {
+    if (const auto* r = FindIf(kLayouts, [layout](const LayoutRecord& x) { return x.layout == layout; })) {
         return *r;
     }
     BOOST_THROW_EXCEPTION(
@@ -76,14 +73,14 @@ const LayoutRecord& LayoutRecord::Find(ChannelLayout layout) {
 }
 
 const LayoutRecord& LayoutRecord::Find(const std::string& name) {
-    if (auto* r = FindIf(kLayouts, [&name](const LayoutRecord& x) { return name == x.name; })) {
+    if (const auto* r = FindIf(kLayouts, [&name](const LayoutRecord& x) { return name == x.name; })) {
         return *r;
     }
     BOOST_THROW_EXCEPTION(Core::Described<FormatException>("Unknown channel layout: " + name));
 }
 
 const LayoutRecord& LayoutRecord::Find(int channels) {
-    if (auto* r = FindIf(kLayouts, [channels](const LayoutRecord& x) { return x.channels == channels; })) {
+    if (const auto* r = FindIf(kLayouts, [channels](const LayoutRecord& x) { return x.channels == channels; })) {
         return *r;
     }
     BOOST_THROW_EXCEPTION(
@@ -95,7 +92,7 @@ const LayoutRecord* LayoutRecord::FindByMask(std::uint64_t mask) {
 }
 
 const SampleFmtRecord& SampleFmtRecord::Find(SampleFormats format) {
-    if (auto* r = FindIf(kSampleFormats, [format](const SampleFmtRecord& x) { return x.format == format; })) {
+    if (const auto* r = FindIf(kSampleFormats, [format](const SampleFmtRecord& x) { return x.format == format; })) {
         return *r;
     }
     BOOST_THROW_EXCEPTION(
@@ -103,7 +100,7 @@ const SampleFmtRecord& SampleFmtRecord::Find(SampleFormats format) {
 }
 
 const SampleFmtRecord& SampleFmtRecord::Find(const std::string& name) {
-    if (auto* r = FindIf(kSampleFormats, [&name](const SampleFmtRecord& x) { return name == x.name; })) {
+    if (const auto* r = FindIf(kSampleFormats, [&name](const SampleFmtRecord& x) { return name == x.name; })) {
         return *r;
     }
     BOOST_THROW_EXCEPTION(Core::Described<FormatException>("Unknown sample format: " + name));

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -84,6 +85,9 @@ public:
     const Property& ChildByPath(const std::string& path) const;
     Property& ChildByPath(const std::string& path);
     // Null instead of an exception when an element is missing.
+    Property* FindChildByPath(std::string_view path) {
+        return const_cast<Property*>(std::as_const(*this).FindChildByPath(path));
+    }
     const Property* FindChildByPath(std::string_view path) const;
     bool ChildExists(std::string_view name) const;
     void RemoveChild(std::string_view name);

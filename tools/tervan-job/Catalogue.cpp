@@ -16,6 +16,9 @@
 
 #include <boost/algorithm/string/join.hpp>
 
+#include <algorithm>
+#include <iterator>
+
 namespace Tervan::Job {
 namespace {
 
@@ -33,12 +36,8 @@ const FilterRow kFilters[] = {
 };
 
 bool IsKnownFilter(const std::string& name) {
-    for (const FilterRow& row : kFilters) {
-        if (*row.classId == name) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(std::begin(kFilters), std::end(kFilters),
+                       [&name](const FilterRow& row) { return *row.classId == name; });
 }
 
 Conf::DataHelperPtr Lookup(const std::string& type, const std::string& name, bool automatic) {

@@ -121,7 +121,7 @@ Conf::DataHelperPtr Governance::Codec(const StreamRef& stream) const {
                              JoinPath(JoinPath(stream.path, stream.CodecKey()), Conf::IFormatCodec::TAG_CODEC_ID));
 }
 
-std::string Governance::CodecLabel(const StreamRef& stream) const {
+std::string Governance::CodecLabel(const StreamRef& stream) {
     return HelperLabel(stream.audio ? Catalogue::AUDIO_CODEC : Catalogue::VIDEO_CODEC, stream.CodecId());
 }
 

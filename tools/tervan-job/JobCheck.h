@@ -40,16 +40,14 @@ public:
     const std::string& FormatLabel() const { return m_formatLabel; }
 
     Conf::DataHelperPtr Codec(const StreamRef& stream) const;
-    std::string CodecLabel(const StreamRef& stream) const;
+    static std::string CodecLabel(const StreamRef& stream);
 
-    // Paths from the settings root. Fallbacks cost a copy of the helper's defaults;
-    // only repairs need them.
     // The settings the format fixes, from the settings root: its container identifier and
     // its stream limits, as its defaults hold them.
     std::vector<std::pair<std::string, Core::Property>> FixedSettings() const;
-    // With stream, sites in other streams are left out.
-    std::vector<ConstraintSite> FormatSites(Job& job, bool withFallbacks = true,
-                                            const StreamRef* stream = nullptr) const;
+    // Paths from the settings root; given only, the sites of other streams are left out.
+    // Fallbacks cost a copy of the helper's defaults; only repairs need them.
+    std::vector<ConstraintSite> FormatSites(Job& job, bool withFallbacks = true, const StreamRef* only = nullptr) const;
     // Paths from the stream node: the codec's, then each present filter's.
     std::vector<ConstraintSite> StreamSites(const StreamRef& stream, bool withFallbacks = true) const;
     // The codec's, each present filter's, then the format's.

@@ -41,10 +41,6 @@ std::string Inside(const std::string& path) {
     return slash == std::string::npos ? std::string() : path.substr(slash + Core::Property::SEPARATOR.size());
 }
 
-Core::Property* Find(Core::Property& root, const std::string& path) {
-    return const_cast<Core::Property*>(static_cast<const Core::Property&>(root).FindChildByPath(path));
-}
-
 struct Delta {
     std::string path;
     std::string before;
@@ -353,7 +349,7 @@ void JobEditor::FixSites(const StreamRef& stream) {
     RecordAt(*stream.node, stream.path, [&](Reasons& reasons) {
         for (const ConstraintSite& site : sites) {
             const std::string target = RepairTarget(stream, site.path);
-            Core::Property* value = Find(*stream.node, target);
+            Core::Property* value = stream.node->FindChildByPath(target);
             const std::string path = JoinPath(stream.path, target);
             if (value == nullptr || Admits(*site.constraint, *value, path)) {
                 continue;
@@ -393,7 +389,7 @@ void JobEditor::FixRules(const StreamRef& stream) {
                 }
                 target = twin->codecPath;
             }
-            Core::Property& value = *Find(*stream.node, target);
+            Core::Property& value = *stream.node->FindChildByPath(target);
             const std::string condition = RuleCondition(rule);
             std::string reason = site.source + (condition.empty() ? "" : " (" + condition + ")") + ": " +
                                  ConstraintText(*rule.GetSecondConstraint(), Leaf(result.path));
@@ -415,7 +411,7 @@ void JobEditor::FixFormatSettings() {
             }
         }
         for (const ConstraintSite& site : m_governance.FormatSites(m_job)) {
-            Core::Property* value = Find(m_job.settings, site.path);
+            Core::Property* value = m_job.settings.FindChildByPath(site.path);
             if (value == nullptr || Admits(*site.constraint, *value, site.path)) {
                 continue;
             }

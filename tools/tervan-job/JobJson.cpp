@@ -182,12 +182,7 @@ bool IsShortRecord(const Json& value) {
 }
 
 bool IsScalarList(const Json& value) {
-    for (const Json& element : value) {
-        if (element.is_structured()) {
-            return false;
-        }
-    }
-    return true;
+    return std::none_of(value.begin(), value.end(), [](const Json& element) { return element.is_structured(); });
 }
 
 // Two-space indentation, like nlohmann's, except that rationals and lists of plain

@@ -2,6 +2,7 @@
 
 #include "Conf/ConfException.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Tervan::Conf {
@@ -20,12 +21,8 @@ bool ConstraintCodecs::IsValid(const Core::Property& value) const {
     if (value.GetType() != TYPE_STRING) {
         BOOST_THROW_EXCEPTION(NotApplicableForType("ConstraintCodecs", TYPE_STRING, value.GetType()));
     }
-    for (const auto& codec : m_codecs) {
-        if (codec.second == value.GetString()) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(m_codecs.begin(), m_codecs.end(),
+                       [&value](const auto& codec) { return codec.second == value.GetString(); });
 }
 
 bool ConstraintCodecs::Fixup(Core::Property& value) const {

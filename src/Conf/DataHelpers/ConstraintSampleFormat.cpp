@@ -2,6 +2,7 @@
 
 #include "Conf/ConfException.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace Tervan::Conf {
@@ -34,12 +35,8 @@ bool ConstraintSampleFormat::IsValid(const Core::Property& value) const {
         BOOST_THROW_EXCEPTION(NotApplicableForType("ConstraintSampleFormat", TYPE_STRING, value.GetType()));
     }
     const SampleFormats format = SampleFmtRecord::Find(value.GetString()).format;
-    for (const auto& entry : m_formats) {
-        if (entry.first == format) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(m_formats.begin(), m_formats.end(),
+                       [format](const auto& entry) { return entry.first == format; });
 }
 
 bool ConstraintSampleFormat::Fixup(Core::Property& value) const {

@@ -5,8 +5,8 @@
 
 #include <boost/algorithm/string/replace.hpp>
 
+#include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace Tervan::Conf {
 namespace {
@@ -96,12 +96,8 @@ bool ConstraintSet::IsValid(const Core::Property& value) const {
     if (value.GetType() != m_type) {
         BOOST_THROW_EXCEPTION(NotApplicableForType("ConstraintSet", m_type, value.GetType()));
     }
-    for (const auto& entry : m_entries) {
-        if (entry.second == value) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(m_entries.begin(), m_entries.end(),
+                       [&value](const auto& entry) { return entry.second == value; });
 }
 
 bool ConstraintSet::Fixup(Core::Property& value) const {
@@ -117,17 +113,11 @@ bool ConstraintSet::Fixup(Core::Property& value) const {
     if (value.GetType() != m_type) {
         return false;
     }
-    const Core::Property* pick = nullptr;
-    double best = std::numeric_limits<double>::infinity();
-    for (const auto& entry : m_entries) {
-        const double distance = Distance(m_type, entry.second, value);
-        // Strictly smaller only: on a tie the earlier entry stays.
-        if (pick == nullptr || distance < best) {
-            pick = &entry.second;
-            best = distance;
-        }
-    }
-    value.CopyDataFrom(*pick);
+    // min_element keeps the first of equals: on a tie the earlier entry wins.
+    const auto nearest = std::min_element(m_entries.begin(), m_entries.end(), [&](const auto& a, const auto& b) {
+        return Distance(m_type, a.second, value) < Distance(m_type, b.second, value);
+    });
+    value.CopyDataFrom(nearest->second);
     return true;
 }
 

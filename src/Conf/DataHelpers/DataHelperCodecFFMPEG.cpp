@@ -283,7 +283,7 @@ const DataHelperCodecFFMPEG::Consulted& DataHelperCodecFFMPEG::ConsultedLists() 
         for (const std::string* tag : kBitrateTags) {
             const auto found = constraints.find(*tag);
             const Core::Property* fallback = defaults.FindChild(*tag);
-            m_consulted.bitrate.push_back({found != constraints.end() ? found->second : nullptr,
+            m_consulted.bitrate.push_back({tag, found != constraints.end() ? found->second : nullptr,
                                            fallback != nullptr ? std::optional(*fallback) : std::nullopt});
         }
         ValidationRules rules;
@@ -292,18 +292,17 @@ const DataHelperCodecFFMPEG::Consulted& DataHelperCodecFFMPEG::ConsultedLists() 
             const auto rule = std::find_if(rules.begin(), rules.end(), [tag](const auto& entry) {
                 return entry.second->GetSecondPath().find(*tag) != std::string::npos;
             });
-            m_consulted.resampler.push_back(rule != rules.end() ? rule->second->GetSecondConstraint() : nullptr);
+            m_consulted.resampler.push_back({tag, rule != rules.end() ? rule->second->GetSecondConstraint() : nullptr});
         }
     });
     return m_consulted;
 }
 
 void DataHelperCodecFFMPEG::CorrectAudioResamplerSettings(Core::Property& settings) const {
-    const std::vector<ConstraintPtr>& constraints = ConsultedLists().resampler;
-    for (std::size_t i = 0; i < constraints.size(); ++i) {
-        const std::string& tag = *kResamplerTags[i];
+    for (const ResamplerSetting& setting : ConsultedLists().resampler) {
+        const std::string& tag = *setting.tag;
         Core::Property& value = settings[tag];
-        if (constraints[i] && !constraints[i]->Fixup(value)) {
+        if (setting.constraint && !setting.constraint->Fixup(value)) {
             BOOST_THROW_EXCEPTION(std::logic_error("Can't fix value [" + tag +
                                                    "] = " + Core::PropertyValueToString(value) + " for encoder [" +
                                                    m_codecId + "]\n" + Core::GetCallStack()));
@@ -312,16 +311,15 @@ void DataHelperCodecFFMPEG::CorrectAudioResamplerSettings(Core::Property& settin
 }
 
 void DataHelperCodecFFMPEG::CorrectBitrate(Core::Property& settings) const {
-    const std::vector<BitrateSetting>& consulted = ConsultedLists().bitrate;
-    for (std::size_t i = 0; i < consulted.size(); ++i) {
-        const std::string& tag = *kBitrateTags[i];
+    for (const BitrateSetting& setting : ConsultedLists().bitrate) {
+        const std::string& tag = *setting.tag;
         if (Core::Property* value = settings.FindChild(tag)) {
-            if (consulted[i].constraint && consulted[i].constraint->Fixup(*value)) {
+            if (setting.constraint && setting.constraint->Fixup(*value)) {
                 continue;
             }
         }
-        if (consulted[i].fallback) {
-            settings.SetChild(tag, *consulted[i].fallback);
+        if (setting.fallback) {
+            settings.SetChild(tag, *setting.fallback);
         }
     }
 }

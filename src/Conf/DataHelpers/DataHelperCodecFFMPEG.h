@@ -81,12 +81,17 @@ private:
     // What the corrections consult, taken once from this helper's own lists and defaults,
     // overrides included: a correction then looks up three settings instead of building them.
     struct BitrateSetting {
+        const std::string* tag;
         ConstraintPtr constraint;                // null when the helper has none
         std::optional<Core::Property> fallback;  // the default, when there is one
     };
+    struct ResamplerSetting {
+        const std::string* tag;
+        ConstraintPtr constraint;  // its rule's second constraint, null when no rule names it
+    };
     struct Consulted {
-        std::vector<BitrateSetting> bitrate;   // per bitrate setting, in correction order
-        std::vector<ConstraintPtr> resampler;  // per resampler setting, its rule's constraint or null
+        std::vector<BitrateSetting> bitrate;      // in correction order
+        std::vector<ResamplerSetting> resampler;  // in correction order
     };
     const Consulted& ConsultedLists() const;
 
