@@ -4,6 +4,7 @@
 // raises, for the tests' assertions.
 
 #include "Conf/ConfException.h"
+#include "Conf/DataHelpers/ConstraintRange.h"
 #include "Conf/DataHelpers/ConstraintSet.h"
 #include "Conf/Interfaces/IDataHelper.h"
 #include "Conf/Interfaces/IFormatCodec.h"
@@ -15,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -63,17 +65,62 @@ inline std::string StreamCodecKey(const std::string& streamType) {
            Tervan::Conf::IFormatCodec::TAG_CODEC_ID;
 }
 
-// How many of the helper's constraints its defaults give a value to; each must admit it.
+// Values of the type of value, near and far from it, that a repair is tried on.
+inline std::vector<Tervan::Core::Property> Probes(const Tervan::Core::Property& value) {
+    using Tervan::Core::Property;
+    const std::string& name = value.GetName();
+    switch (value.GetType()) {
+        case Tervan::TYPE_INT64: {
+            const long long v = value.GetInt64();
+            return {Property(name, v + 1), Property(name, v - 1),
+                    Property(name, 0LL),   Property(name, -1LL),
+                    Property(name, v / 2), Property(name, std::numeric_limits<long long>::max())};
+        }
+        case Tervan::TYPE_DOUBLE:
+            return {Property(name, value.GetDouble() + 0.5), Property(name, -1.0), Property(name, 1e300)};
+        case Tervan::TYPE_STRING:
+            return {Property(name, ""), Property(name, "no such value")};
+        case Tervan::TYPE_RATIONAL:
+            return {Property(name, Property::Ratio(1, 1)), Property(name, Property::Ratio(1000000, 7))};
+        case Tervan::TYPE_BOOL:
+            return {Property(name, !value.GetBool())};
+        default:
+            return {};
+    }
+}
+
+// How many of the helper's constraints its defaults give a value to. Each must admit
+// it and keep it through a repair; a repair that reports success must leave an admitted
+// value, and one that reports failure must leave the value as it was, except that a
+// range deliberately clamps and still reports failure.
 inline std::size_t CheckedDefaults(const Tervan::Conf::IDataHelper& helper) {
     const Tervan::Core::Property defaults = helper.GetDefaults();
     std::size_t checked = 0;
     for (const auto& [path, constraint] : ConstraintsOf(helper)) {
         if (!constraint) {
             ADD_FAILURE() << "no constraint object on " << path;
-        } else if (const Tervan::Core::Property* value = defaults.FindChildByPath(path)) {
-            EXPECT_TRUE(constraint->IsValid(*value)) << path;
-            ++checked;
+            continue;
         }
+        const Tervan::Core::Property* value = defaults.FindChildByPath(path);
+        if (value == nullptr) {
+            continue;
+        }
+        SCOPED_TRACE(path);
+        EXPECT_TRUE(constraint->IsValid(*value));
+        Tervan::Core::Property kept = *value;
+        EXPECT_TRUE(constraint->Fixup(kept));
+        EXPECT_EQ(kept, *value);
+        const bool clamps = dynamic_cast<const Tervan::Conf::ConstraintRange*>(constraint.get()) != nullptr;
+        for (const Tervan::Core::Property& probe : Probes(*value)) {
+            SCOPED_TRACE(Tervan::Core::PropertyValueToString(probe));
+            Tervan::Core::Property repaired = probe;
+            if (constraint->Fixup(repaired)) {
+                EXPECT_TRUE(constraint->IsValid(repaired)) << Tervan::Core::PropertyValueToString(repaired);
+            } else if (!clamps) {
+                EXPECT_EQ(repaired, probe);
+            }
+        }
+        ++checked;
     }
     return checked;
 }
