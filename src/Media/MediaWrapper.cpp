@@ -10,7 +10,9 @@ extern "C" {
 #include <libavutil/samplefmt.h>
 }
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace Tervan::Conf {
 namespace {
@@ -91,10 +93,10 @@ const KnownCodec kKnownCodecs[] = {
 }  // namespace
 
 int CodecIDFromTextID(const std::string& textId) {
-    for (const KnownCodec& row : kKnownCodecs) {
-        if (*row.textId == textId) {
-            return row.codecId;
-        }
+    const auto* known = std::find_if(std::begin(kKnownCodecs), std::end(kKnownCodecs),
+                                     [&textId](const KnownCodec& row) { return *row.textId == textId; });
+    if (known != std::end(kKnownCodecs)) {
+        return known->codecId;
     }
     const AVCodecDescriptor* descriptor = avcodec_descriptor_get_by_name(textId.c_str());
     return descriptor == nullptr ? AV_CODEC_ID_NONE : descriptor->id;
